@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Models/KeyModifiers.h"
+
+#include <QCoroTask>
+
+#include <QPointF>
+#include <QString>
+
+namespace KelvaLR {
+
+/// Port: synthesised keyboard and mouse input for the frontmost application. What cannot be posted is skipped
+/// silently. Main thread; the tasks end once the events are posted.
+class InputEvents
+{
+public:
+    InputEvents() = default;
+    virtual ~InputEvents() = default;
+    Q_DISABLE_COPY_MOVE(InputEvents)
+
+    /// Key down and key up with exactly these modifiers, also while the user holds others.
+    /// @param virtualKeyCode a macOS virtual key code of the US layout
+    virtual QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) = 0;
+
+    /// Types a text, one Unicode scalar after the other.
+    virtual QCoro::Task<> postText(QString text) = 0;
+
+    /// A left click at a point in global screen coordinates, origin at the top left.
+    virtual QCoro::Task<> postClick(QPointF point) = 0;
+};
+
+} // namespace KelvaLR
