@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
+#include <locale>
+#include <sstream>
+#include <string>
 
 namespace KelvaLR {
 
@@ -13,6 +15,16 @@ namespace {
 bool isDecimalCharacter(QChar c)
 {
     return (c >= u'0' && c <= u'9') || c == u'+' || c == u'-' || c == u'.' || c == u'e' || c == u'E';
+}
+
+/// from_chars reports numbers too large and too small alike; only one too small rounds to zero.
+std::optional<double> valueOutOfRange(const std::string &digits)
+{
+    std::istringstream stream(digits);
+    stream.imbue(std::locale::classic());
+    double value = 0;
+    stream >> value;
+    return stream.fail() ? std::nullopt : std::optional(value);
 }
 
 } // namespace
@@ -34,12 +46,7 @@ std::optional<double> decimalNumber(QStringView text)
         return std::nullopt;
     }
     if (error == std::errc::result_out_of_range) {
-        // from_chars reports too large and too small alike; only a number too small rounds to zero.
-        bool isNumber = false;
-        value = QByteArray(first, last - first).toDouble(&isNumber);
-        if (!isNumber || !std::isfinite(value)) {
-            return std::nullopt;
-        }
+        return valueOutOfRange({first, last});
     }
     return value;
 }

@@ -4,36 +4,43 @@
 
 namespace KelvaLR {
 
+namespace {
+
+// The one character whose lower-case form is longer (Unicode's SpecialCasing.txt); none has a shorter one.
+constexpr char16_t capitalDottedI = u'\u0130';
+constexpr QStringView smallDottedI = u"i\u0307";
+
+} // namespace
+
+QString lowercased(const QString &text)
+{
+    if (!text.contains(capitalDottedI)) {
+        return text.toLower();
+    }
+    QString grown = text;
+    grown.replace(capitalDottedI, smallDottedI.toString());
+    return grown.toLower();
+}
+
 LowercasedText::LowercasedText(const QString &text)
     : m_text(text)
-    , m_lower(text.toLower())
+    , m_lower(lowercased(text))
 {
-    if (m_lower.size() == m_text.size()) {
-        return;
-    }
-    // Lower-case character by character to learn how long each one became. Context-dependent forms (the final
-    // sigma) keep their length, so the positions hold for the copy made of the whole text too.
-    for (qsizetype at = 0; at < m_text.size();) {
-        const bool isPair =
-            m_text.at(at).isHighSurrogate() && at + 1 < m_text.size() && m_text.at(at + 1).isLowSurrogate();
-        const qsizetype length = isPair ? 2 : 1;
-        const qsizetype lowerLength = m_text.sliced(at, length).toLower().size();
-        for (qsizetype unit = 0; unit < lowerLength; ++unit) {
-            m_positions.append(at + std::min(unit, length - 1));
-        }
-        at += length;
-    }
 }
 
 qsizetype LowercasedText::position(qsizetype lowerPosition) const
 {
-    if (m_positions.isEmpty()) {
+    if (m_lower.size() == m_text.size()) {
         return std::clamp<qsizetype>(lowerPosition, 0, m_text.size());
     }
-    if (lowerPosition >= m_positions.size()) {
-        return m_text.size();
+    qsizetype lowerEnd = 0;
+    for (qsizetype at = 0; at < m_text.size(); ++at) {
+        lowerEnd += m_text.at(at) == capitalDottedI ? smallDottedI.size() : 1;
+        if (lowerEnd > lowerPosition) {
+            return at;
+        }
     }
-    return m_positions.at(std::max<qsizetype>(lowerPosition, 0));
+    return m_text.size();
 }
 
 QString LowercasedText::textFrom(qsizetype lowerPosition) const

@@ -1,9 +1,12 @@
 #pragma once
 
-#include <QList>
 #include <QString>
 
 namespace KelvaLR {
+
+/// Unicode lower-casing in linear time. (QString::toLower() moves the whole rest of the text for every
+/// character that grows, so a long text of them would take minutes.)
+[[nodiscard]] QString lowercased(const QString &text);
 
 /// A text beside its lower-cased copy. Phrases are searched in the copy and arguments are cut from the text
 /// as the user wrote it; a position is mapped back by character, since lower-casing can make a text longer.
@@ -28,8 +31,6 @@ private:
 
     QString m_text;
     QString m_lower;
-    QList<qsizetype>
-        m_positions; ///< for each unit of the copy its position in the text; empty when they agree
 };
 
 } // namespace KelvaLR
