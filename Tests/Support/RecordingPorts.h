@@ -1,0 +1,67 @@
+#pragma once
+
+#include "Platform/Accessibility.h"
+#include "Platform/FrontmostApplication.h"
+#include "Platform/InputEvents.h"
+
+#include <QStringList>
+
+// Test doubles of the ports that reach other programs. Their tasks answer on a later turn of the event loop,
+// as the real ones do.
+
+namespace KelvaLR::Testing {
+
+/// Answers the frontmost question with a fixed application and counts how often it is asked.
+class FixedFrontmostApplication final : public FrontmostApplication
+{
+public:
+    FixedFrontmostApplication() = default;
+    explicit FixedFrontmostApplication(RunningApplication application);
+
+    /// Lightroom Classic is in front.
+    [[nodiscard]] static RunningApplication lightroomClassic();
+
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+
+    std::optional<RunningApplication> application;
+    mutable int questions = 0;
+};
+
+/// Serves a tree and writes down what is done to it, in the order in which it is done.
+class FakeAccessibility final : public Accessibility
+{
+public:
+    explicit FakeAccessibility(QStringList &journal);
+
+    bool isTrusted(TrustPrompt prompt) override;
+    QCoro::Task<AccessibilityTree> tree(qint64 processId) override;
+    QCoro::Task<bool> press(AccessibilityElementID element) override;
+    QCoro::Task<bool> setValue(AccessibilityElementID element, double value) override;
+    QCoro::Task<> focus(AccessibilityElementID element) override;
+
+    bool trusted = true;
+    bool pressSucceeds = true;
+    bool setValueSucceeds = true;
+    AccessibilityTree elements;
+    std::optional<TrustPrompt> lastPrompt;
+    std::optional<qint64> lastProcessId;
+
+private:
+    QStringList &m_journal;
+};
+
+/// Writes down the events that are posted: "key 6 0x120000", "text hello", "click 10,20".
+class RecordingInputEvents final : public InputEvents
+{
+public:
+    explicit RecordingInputEvents(QStringList &journal);
+
+    QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
+    QCoro::Task<> postText(QString text) override;
+    QCoro::Task<> postClick(QPointF point) override;
+
+private:
+    QStringList &m_journal;
+};
+
+} // namespace KelvaLR::Testing
