@@ -51,7 +51,7 @@ QCoro::Task<AccessibilityTree> FakeAccessibility::tree(qint64 processId)
 {
     co_await laterTurn();
     lastProcessId = processId;
-    co_return elements;
+    co_return AccessibilityTree(elements); // QCoro 0.8 moves out of a member that is co_returned
 }
 
 QCoro::Task<bool> FakeAccessibility::press(AccessibilityElementID element)

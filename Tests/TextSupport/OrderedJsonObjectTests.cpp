@@ -1,0 +1,49 @@
+#include "Support/OrderedJsonObject.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(OrderedJsonObject, keepsTheOrderOfItsMembers)
+{
+    const auto inner = OrderedJsonObject().add("z"_L1, QJsonValue()).add("a"_L1, true);
+    EXPECT_EQ(OrderedJsonObject().add("text"_L1, u"hi"_s).add("b"_L1, inner).add("a"_L1, 1).toJson(),
+              R"({"text":"hi","b":{"z":null,"a":true},"a":1})");
+    EXPECT_EQ(OrderedJsonObject().toJson(), "{}");
+}
+
+TEST(OrderedJsonObject, writesNumbersShortAndWhateverTheLocale)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    const std::pair<double, const char *> cases[] = {
+        {1, "1"}, {-0.5, "-0.5"}, {0.1, "0.1"}, {5500, "5500"}, {1234567.25, "1234567.25"}, {1e300, "1e+300"},
+    };
+    for (const auto &[number, json] : cases) {
+        EXPECT_EQ(OrderedJsonObject().add("n"_L1, number).toJson(), QByteArray("{\"n\":") + json + '}');
+    }
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST(OrderedJsonObject, isOneLineForEveryReaderAndGivesEveryTextBack)
+{
+    QString text = u"\"\\/\b\f\n\r\t\v\u007F\u0085\u2028\u2029\uFEFF\u0130\U0001F600"_s;
+    text += QChar(0);
+    text += QChar(0xD83D); // a lone half of a surrogate pair
+    const QByteArray json = OrderedJsonObject().add("text"_L1, text).toJson();
+    for (const char *lineBreak : {"\n", "\r", "\v", "\f", "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"}) {
+        EXPECT_FALSE(json.contains(lineBreak)) << json.toStdString();
+    }
+    EXPECT_EQ(QJsonDocument::fromJson(json).object().value("text"_L1).toString(), text);
+}
+
+} // namespace
+
+} // namespace KelvaLR
