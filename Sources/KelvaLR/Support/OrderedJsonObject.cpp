@@ -10,11 +10,13 @@ namespace KelvaLR {
 
 namespace {
 
-/// Line breaks that JSON allows unescaped but that split a line for some readers: NEL, LS, PS.
-constexpr std::array<std::pair<QByteArrayView, QByteArrayView>, 3> escapedLineBreaks{{
+/// Characters that JSON allows unescaped but that some readers split a line at (NEL, LS, PS) or swallow (the
+/// byte order mark), in UTF-8.
+constexpr std::array<std::pair<QByteArrayView, QByteArrayView>, 4> escapedCharacters{{
     {"\xC2\x85", "\\u0085"},
     {"\xE2\x80\xA8", "\\u2028"},
     {"\xE2\x80\xA9", "\\u2029"},
+    {"\xEF\xBB\xBF", "\\ufeff"},
 }};
 
 QByteArray jsonText(const QJsonValue &value)
@@ -22,7 +24,7 @@ QByteArray jsonText(const QJsonValue &value)
     // Only arrays and objects can be documents of their own: write [value] and take the brackets off.
     QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).sliced(1);
     json.chop(1);
-    for (const auto &[bytes, escape] : escapedLineBreaks) {
+    for (const auto &[bytes, escape] : escapedCharacters) {
         json.replace(bytes, escape);
     }
     return json;
