@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Services/Lightroom/Bridge/BridgeEndpoint.h"
+#include "Services/Lightroom/Bridge/BridgeTiming.h"
+
+#include <QCoroTask>
+
+namespace KelvaLR {
+
+/// Hands one command to the plug-in as a line over a connection of its own, closed once the network has taken
+/// every byte.
+///
+/// The plug-in listens again only a moment after each command, so a connection that fails is tried again
+/// until the time for sending is over, but only while nothing has been written: a command is never sent
+/// twice. A line that could not be written to its end in time is dropped with its connection.
+/// @param json without a line feed
+/// @return whether the whole line was handed over. Main thread.
+QCoro::Task<bool> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json);
+
+} // namespace KelvaLR
