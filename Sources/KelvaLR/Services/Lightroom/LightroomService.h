@@ -119,14 +119,14 @@ private:
 
     void setPluginConnected(bool isConnected);
     void setLastMessage(const QString &message);
-    void acceptReply(const QString &reply);
 
     QCoro::Task<QString> perform(LightroomOperation operation);
 
-    QCoro::Task<QString> pressKeyInLightroom(KeyFallback fallback);
-    QCoro::Task<QString> moveSliders(SliderFallback fallback);
+    QCoro::Task<QString> proceedWithoutPlugin(QString explanation);
+    QCoro::Task<QString> proceedWithoutPlugin(KeyFallback fallback);
+    QCoro::Task<QString> proceedWithoutPlugin(SliderFallback fallback);
     QCoro::Task<bool> adjustSliderAccessibility(ParsedLightroomSliderCommand change);
-    QCoro::Task<bool> openDevelopModule();
+    QCoro::Task<> pressAndWait(QLatin1StringView keyDescription, BridgeTiming::milliseconds pause);
     [[nodiscard]] std::optional<RunningApplication> runningLightroom() const;
 
     RunningApplications &m_applications;

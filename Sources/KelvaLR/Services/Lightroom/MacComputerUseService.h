@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Models/ComputerUseResult.h"
-#include "Services/Automation/KeyboardKey.h"
+#include "Services/Lightroom/Language/LightroomComputerUseCommand.h"
 
 #include <QCoroTask>
 
@@ -41,6 +41,8 @@ public:
     [[nodiscard]] QCoro::Task<ComputerUseResult> pressKey(KeyboardKey key) const;
 
 private:
+    [[nodiscard]] QCoro::Task<ComputerUseResult> perform(const LightroomComputerUseCommand &command) const;
+
     LightroomService &m_lightroom;
     UIAutomationService &m_automation;
     RunningApplications &m_applications;
