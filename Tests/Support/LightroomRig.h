@@ -1,0 +1,82 @@
+#pragma once
+
+#include "Platform/LightroomMenus.h"
+#include "Platform/RunningApplications.h"
+#include "Services/Automation/UIAutomationService.h"
+#include "Services/Lightroom/LightroomService.h"
+#include "Support/RecordingPorts.h"
+#include "Support/ScriptedPlugin.h"
+
+#include <QHash>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace KelvaLR::Testing {
+
+/// A desktop with the applications it is given. Writes down "activate NAME", "own windows", "open URL" and
+/// "reveal FOLDER".
+class FakeRunningApplications final : public RunningApplications
+{
+public:
+    explicit FakeRunningApplications(QStringList &journal);
+
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+    [[nodiscard]] QList<RunningApplication> runningApplications() const override;
+    bool activate(const RunningApplication &application) override;
+    void bringOwnWindowsToFront() override;
+    [[nodiscard]] std::optional<InstalledApplication>
+    applicationWithIdentifier(const QString &identifier) const override;
+    [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
+    QCoro::Task<std::expected<void, QString>> open(QUrl application) override;
+    void reveal(const QString &folder) override;
+
+    std::optional<RunningApplication> frontmost;
+    QList<RunningApplication> running;
+    QHash<QString, InstalledApplication> registered; ///< by identifier
+    QList<InstalledApplication> installed;
+    std::expected<void, QString> opening;
+
+private:
+    QStringList &m_journal;
+};
+
+/// Writes down "bridge status" and "plug-in manager".
+class FakeLightroomMenus final : public LightroomMenus
+{
+public:
+    explicit FakeLightroomMenus(QStringList &journal);
+
+    QCoro::Task<std::expected<QString, QString>> clickBridgeStatus() override;
+    QCoro::Task<> openPluginManager() override;
+
+    std::expected<QString, QString> answer = QStringLiteral("Lightroom Classic is not running");
+    std::function<void()> whenClicked = [] {};
+
+private:
+    QStringList &m_journal;
+};
+
+/// Waits that end soon where an answer is missing and are long enough for one that comes.
+[[nodiscard]] BridgeTiming impatientTiming();
+
+/// Waits that nothing which answers will reach, however busy the machine is.
+[[nodiscard]] BridgeTiming patientTiming();
+
+/// A Lightroom service among test doubles, with a scripted plug-in that listens.
+struct LightroomRig
+{
+    explicit LightroomRig(BridgeTiming timing = patientTiming());
+
+    QStringList journal; ///< what was done to the desktop, in order
+    FakeRunningApplications applications{journal};
+    FakeAccessibility accessibility{journal};
+    RecordingInputEvents inputEvents{journal};
+    FakeLightroomMenus menus{journal};
+    UIAutomationService automation{accessibility, inputEvents, applications};
+    QTemporaryDir modules;
+    ScriptedPlugin plugin;
+    std::unique_ptr<LightroomService> service;
+};
+
+} // namespace KelvaLR::Testing
