@@ -88,8 +88,8 @@ private:
 
 QCoro::Task<bool> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json)
 {
-    const QDeadlineTimer deadline(timing.send);
     const QByteArray line = json.toUtf8() + '\n';
+    const QDeadlineTimer deadline(timing.send);
     while (!deadline.hasExpired()) {
         {
             Connection connection(deadline);
