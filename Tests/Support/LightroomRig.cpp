@@ -48,7 +48,7 @@ QCoro::Task<std::expected<void, QString>> FakeRunningApplications::open(QUrl app
 {
     co_await QCoro::sleepFor(0ms);
     m_journal.append("open "_L1 + application.toString());
-    co_return opening;
+    co_return auto(opening); // co_return would move from the member itself
 }
 
 void FakeRunningApplications::reveal(const QString &folder)
@@ -66,7 +66,7 @@ QCoro::Task<std::expected<QString, QString>> FakeLightroomMenus::clickBridgeStat
     co_await QCoro::sleepFor(0ms);
     m_journal.append(u"bridge status"_s);
     whenClicked();
-    co_return answer;
+    co_return auto(answer);
 }
 
 QCoro::Task<> FakeLightroomMenus::openPluginManager()
@@ -77,9 +77,9 @@ QCoro::Task<> FakeLightroomMenus::openPluginManager()
 
 BridgeTiming impatientTiming()
 {
-    return {.send = 200ms,
+    return {.send = 250ms,
             .retry = 5ms,
-            .reply = 250ms,
+            .reply = 400ms,
             .poll = 20ms,
             .queue = 5ms,
             .start = 5ms,

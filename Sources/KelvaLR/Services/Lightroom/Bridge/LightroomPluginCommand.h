@@ -45,15 +45,15 @@ struct LightroomPluginCommand
 
     QString requestID = freshRequestID();
     LightroomPluginAction action = LightroomPluginAction::ping;
-    std::optional<QString> slider = {}; ///< a slider's name, or a develop settings key
-    std::optional<double> value = {};   ///< in the slider's own unit, or a star count
-    std::optional<bool> relative = {};
-    std::optional<QString> type = {}; ///< "pick", "reject" or "unflag"
+    std::optional<QString> slider; ///< a slider's name, or a develop settings key
+    std::optional<double> value;   ///< in the slider's own unit, or a star count
+    std::optional<bool> relative;
+    std::optional<QString> type; ///< "pick", "reject" or "unflag"
     std::optional<QString> adjustments =
         {}; ///< "Slider:Value:Relative" items separated by ";", Relative 1 or 0
-    std::optional<QString> presetName = {};
-    std::optional<QString> folderPath = {};
-    QStringList targetPaths = {}; ///< absolute paths of photos; empty means the active photo
+    std::optional<QString> presetName;
+    std::optional<QString> folderPath;
+    QStringList targetPaths; ///< absolute paths of photos; empty means the active photo
 
     /// The command as one line of JSON, without its line feed. None when a text is not valid Unicode or the
     /// value is not finite: neither has a form in JSON.

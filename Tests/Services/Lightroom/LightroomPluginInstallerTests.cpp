@@ -1,0 +1,101 @@
+#include "Services/Lightroom/LightroomPluginInstaller.h"
+#include "Support/LightroomRig.h"
+#include "Support/PrintQt.h"
+#include "Support/WaitForTask.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR::Testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QStringList pluginFiles{u"Info.lua"_s, u"LightroomSocketServer.lua"_s, u"MenuAction.lua"_s};
+
+QByteArray content(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+TEST(LightroomPluginInstallerTest, writesThePluginsOwnSourcesByteForByteHoweverOften)
+{
+    const QTemporaryDir home;
+    const LightroomPluginInstaller installer(home.filePath(u"Lightroom/Modules"_s));
+    const QDir folder(installer.pluginFolder());
+    EXPECT_EQ(folder.dirName(), u"KelvaLR.lrplugin"_s);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(installer.install());
+        EXPECT_EQ(folder.entryList(QDir::Files | QDir::Hidden, QDir::Name), pluginFiles);
+        for (const QString &name : pluginFiles) {
+            EXPECT_EQ(content(folder.filePath(name)),
+                      content(QStringLiteral(KELVALR_PLUGIN_SOURCES "/") + name))
+                << name.toStdString();
+        }
+        write(folder.filePath(u"Info.lua"_s), "changed");
+        write(folder.filePath(u"source_reference.txt"_s), "old");
+    }
+}
+
+TEST(LightroomPluginInstallerTest, saysWhatCannotBeWritten)
+{
+    const QTemporaryDir home;
+    const QString modules = home.filePath(u"Modules"_s);
+    write(modules, "in the way");
+    const LightroomPluginInstaller installer(modules);
+    EXPECT_EQ(installer.install().error(),
+              "Could not create the folder "_L1 + installer.pluginFolder() + u'.');
+
+    QFile::remove(modules);
+    const QString menu = installer.pluginFolder() + "/MenuAction.lua"_L1;
+    ASSERT_TRUE(QDir().mkpath(menu));
+    const QString error = installer.install().error();
+    EXPECT_TRUE(error.startsWith("Could not write "_L1 + menu + ": "_L1)) << error.toStdString();
+    EXPECT_TRUE(QFile::exists(installer.pluginFolder() + "/Info.lua"_L1));
+}
+
+TEST(LightroomPluginInstallationTest, happensWhenTheServiceIsMadeAndIsReportedWhereItIsTold)
+{
+    LightroomRig rig;
+    EXPECT_TRUE(rig.service->isPluginInstalled());
+    const QString folder = rig.modules.filePath(u"KelvaLR.lrplugin"_s);
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files, QDir::Name), pluginFiles);
+
+    std::FILE *report = std::tmpfile();
+    const QString inTheWay = rig.modules.filePath(u"file"_s);
+    write(inTheWay, "");
+    LightroomService blocked(rig.applications, rig.accessibility, rig.menus, rig.automation,
+                             LightroomPluginInstaller(inTheWay), {}, {}, report);
+    EXPECT_FALSE(blocked.isPluginInstalled());
+    std::rewind(report);
+    std::array<char, 1000> line{};
+    EXPECT_EQ(QString::fromUtf8(std::fgets(line.data(), int(line.size()), report)),
+              "Failed to install Lightroom plugin: Could not create the folder "_L1 + inTheWay +
+                  "/KelvaLR.lrplugin.\n"_L1);
+    std::fclose(report);
+    QFile::remove(inTheWay);
+    EXPECT_TRUE(blocked.installPlugin());
+    EXPECT_TRUE(blocked.isPluginInstalled());
+}
+
+TEST(LightroomPluginInstallationTest, isShownInTheFileManagerAndInLightroom)
+{
+    LightroomRig rig;
+    rig.service->revealInstalledPlugin();
+    waitForTask(rig.service->openPluginManager());
+    EXPECT_EQ(rig.journal, (QStringList{"reveal "_L1 + rig.modules.filePath(u"KelvaLR.lrplugin"_s),
+                                        u"plug-in manager"_s}));
+}
+
+} // namespace
+} // namespace KelvaLR::Testing

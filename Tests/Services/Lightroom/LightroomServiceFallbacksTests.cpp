@@ -1,0 +1,142 @@
+#include "Support/LightroomRig.h"
+#include "Support/PrintQt.h"
+#include "Support/WaitForTask.h"
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR::Testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString activated = u"activate Adobe Lightroom Classic"_s;
+const QString loupe = u"key 14 0x0"_s;
+const QString develop = u"key 2 0x0"_s;
+
+/// A rig whose Lightroom runs without the plug-in.
+struct UnpluggedRig : LightroomRig
+{
+    UnpluggedRig()
+        : LightroomRig(impatientTiming())
+    {
+        plugin.stopListening();
+        applications.running = {{.name = u"Adobe Lightroom Classic"_s, .processId = 7}};
+    }
+
+    /// What was done after the attempt to start the plug-in's server.
+    [[nodiscard]] QStringList deeds() const { return journal.mid(1); }
+};
+
+TEST(KeyFallbackTest, pressesLightroomsOwnShortcutsInTheLoupe)
+{
+    struct Case
+    {
+        std::function<QCoro::Task<QString>(LightroomService &)> call;
+        QString answer;
+        QStringList deeds;
+    };
+
+    const QList<Case> cases{
+        {[](LightroomService &service) { return service.cullPhoto(u"REJECT"_s); },
+         u"Flag simulated: Pressed X."_s,
+         {activated, loupe, u"key 7 0x0"_s}},
+        {[](LightroomService &service) { return service.cullPhoto(u"unflag"_s); },
+         u"Flag simulated: Pressed U."_s,
+         {activated, loupe, u"key 32 0x0"_s}},
+        {[](LightroomService &service) { return service.cullPhoto(u"Keep"_s); },
+         u"Unsupported flag type: Keep"_s,
+         {}},
+        {[](LightroomService &service) { return service.setRating(3); },
+         u"Rating simulated: Pressed 3."_s,
+         {activated, loupe, u"key 20 0x0"_s}},
+        {[](LightroomService &service) { return service.setRating(-10); },
+         u"Rating simulation failed: Could not press -10."_s,
+         {activated, loupe}},
+        {[](LightroomService &service) { return service.navigate(u"next"_s); },
+         u"Navigation simulated: Pressed Right."_s,
+         {activated, loupe, u"key 124 0x0"_s}},
+    };
+    for (const Case &one : cases) {
+        UnpluggedRig rig;
+        EXPECT_EQ(waitForTask(one.call(*rig.service)), one.answer);
+        EXPECT_EQ(rig.deeds(), one.deeds) << one.answer.toStdString();
+        EXPECT_FALSE(rig.service->isPluginConnected());
+    }
+}
+
+TEST(KeyFallbackTest, saysThatThePermissionIsMissing)
+{
+    UnpluggedRig rig;
+    rig.accessibility.trusted = false;
+    EXPECT_EQ(waitForTask(rig.service->cullPhoto(u"pick"_s)),
+              u"Accessibility Permissions required for flag hotkey simulation."_s);
+    EXPECT_EQ(waitForTask(rig.service->setRating(1)),
+              u"Accessibility Permissions required for rating simulation."_s);
+    EXPECT_EQ(waitForTask(rig.service->navigate(u"next"_s)),
+              u"Accessibility Permissions required for navigation simulation."_s);
+}
+
+class SliderFallbackTest : public testing::Test
+{
+protected:
+    SliderFallbackTest()
+    {
+        rig.accessibility.elements = {
+            {.id = 10, .role = u"AXApplication"_s, .children = {1}},
+            {.id = 11, .role = u"AXGroup"_s, .parent = 0, .children = {2, 3, 4}},
+            {.id = 12, .role = u"AXSlider"_s, .title = u"Exposure"_s, .value = 0.25, .parent = 1},
+            {.id = 13, .role = u"AXStaticText"_s, .value = u"Shadows"_s, .parent = 1},
+            {.id = 14, .role = u"AXSlider"_s, .title = u"Contrast"_s, .value = u"unread"_s, .parent = 1},
+        };
+    }
+
+    QString adjust(const QString &adjustments)
+    {
+        return waitForTask(rig.service->adjustSliders(adjustments));
+    }
+
+    UnpluggedRig rig;
+};
+
+TEST_F(SliderFallbackTest, movesTheSlidersOfTheDevelopModule)
+{
+    EXPECT_EQ(adjust(u"Exposure:0.5:1;Contrast:1e1:1;shadows:-3:0;Nothing:1:0"_s),
+              u"UI Accessibility Fallback: Adjusted 3 of 4 sliders."_s);
+    EXPECT_EQ(rig.deeds(),
+              (QStringList{activated, develop, u"set 12 to 0.75"_s, activated, develop, u"set 14 to 10"_s,
+                           activated, develop, u"set 12 to -3"_s, activated, develop}));
+    EXPECT_EQ(rig.accessibility.lastProcessId, 7);
+}
+
+TEST_F(SliderFallbackTest, countsOnlyItemsOfThreePartsAndTriesOnlyThoseWithANumber)
+{
+    EXPECT_EQ(adjust(u"Exposure:0.5:1;Contrast:abc:0;Shadows:10;Exposure: 1:0;Exposure::0"_s),
+              u"UI Accessibility Fallback: Adjusted 1 of 4 sliders."_s);
+    for (const QString &nothing : {u""_s, u"Exposure:1"_s, u"a:b:c:d;;"_s}) {
+        EXPECT_EQ(adjust(nothing),
+                  u"Lightroom Classic plugin is not connected and no adjustments could be parsed."_s);
+    }
+}
+
+TEST_F(SliderFallbackTest, countsAChangeOnlyWhenTheSliderTookIt)
+{
+    rig.accessibility.setValueSucceeds = false;
+    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s);
+}
+
+TEST_F(SliderFallbackTest, readsNoWindowWithoutThePermission)
+{
+    rig.accessibility.trusted = false;
+    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s);
+    EXPECT_EQ(rig.accessibility.lastProcessId, std::nullopt);
+}
+
+TEST_F(SliderFallbackTest, touchesNothingWhileNoLightroomRuns)
+{
+    rig.applications.running = {};
+    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s);
+    EXPECT_EQ(rig.deeds(), QStringList());
+}
+
+} // namespace
+} // namespace KelvaLR::Testing
