@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Platform/Unavailable/UnavailableAccessibility.h"
+#include "Platform/Unavailable/UnavailableInputEvents.h"
+#include "Platform/Unavailable/UnavailableLightroomMenus.h"
+#include "Platform/Unavailable/UnavailableRunningApplications.h"
+#include "Services/Assistant/AssistantActionRunner.h"
+#include "Services/Assistant/IdleRealtimeVoiceService.h"
+#include "Services/Assistant/UnconfiguredAssistantProvider.h"
+#include "Services/Automation/UIAutomationService.h"
+#include "Services/Lightroom/LightroomService.h"
+#include "Services/Lightroom/MacComputerUseService.h"
+#include "Services/Speech/SilentVoice.h"
+#include "Stores/AppModel.h"
+
+#include <cstdio>
+
+namespace KelvaLR {
+
+/// The one place where ports, services and the model meet. Members are made from the system outward, so they
+/// are destroyed from the model inward. Making it installs the Lightroom plug-in.
+class KelvaLRApp
+{
+public:
+    /// @param diagnostics where a failed installation is reported
+    explicit KelvaLRApp(std::FILE *diagnostics);
+
+    [[nodiscard]] AppModel &model() { return m_model; }
+
+    [[nodiscard]] const LightroomService &lightroomService() const { return m_lightroomService; }
+
+private:
+    UnavailableRunningApplications m_applications;
+    UnavailableAccessibility m_accessibility;
+    UnavailableInputEvents m_inputEvents;
+    UnavailableLightroomMenus m_lightroomMenus;
+
+    UIAutomationService m_automation;
+    LightroomService m_lightroomService;
+    MacComputerUseService m_computerUseService;
+
+    IdleRealtimeVoiceService m_realtimeVoiceService;
+    UnconfiguredAssistantProvider m_assistantProvider;
+    AssistantActionRunner m_assistantActions;
+    DeafWakePhraseListener m_wakePhraseListener;
+    SilentSpokenFeedback m_spokenFeedback;
+
+    AppModel m_model;
+};
+
+} // namespace KelvaLR

@@ -1,0 +1,123 @@
+#include "App/AssumedFrontmostApplication.h"
+#include "App/CommandLine.h"
+#include "App/ConversationPrinter.h"
+#include "App/ExplainMode.h"
+#include "App/KelvaLRApp.h"
+#include "App/PromptSession.h"
+#include "App/StandardInputLines.h"
+#include "Services/Lightroom/LightroomPluginInstaller.h"
+#include "Support/DetachedTask.h"
+
+#include <QCoreApplication>
+#include <QCoroTimer>
+#include <QFile>
+
+#include <optional>
+
+#include <unistd.h>
+
+using namespace KelvaLR;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void print(std::FILE *file, const QString &text)
+{
+    std::fputs(text.toUtf8().constData(), file);
+}
+
+int runExplain(const CommandLine &line)
+{
+    const AssumedFrontmostApplication frontmost(
+        line.isLightroomAssumedFrontmost
+            ? std::optional(RunningApplication{u"Adobe Lightroom Classic"_s, {}, 0})
+            : std::nullopt);
+    QFile input;
+    QFile output;
+    if (!input.open(STDIN_FILENO, QIODevice::ReadOnly) ||
+        !output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        print(stderr, u"kelvalr: Standard input or output is closed.\n"_s);
+        return 1;
+    }
+    return explainRequests(input, output, frontmost);
+}
+
+int runInstallPlugin()
+{
+    const LightroomPluginInstaller installer(LightroomPluginInstaller::defaultModulesFolder());
+    if (const auto installed = installer.install(); !installed) {
+        print(stderr, u"kelvalr: %1\n"_s.arg(installed.error()));
+        return 1;
+    }
+    print(stdout, installer.pluginFolder() + u'\n');
+    return 0;
+}
+
+QCoro::Task<> exitWithStatusOf(QCoro::Task<int> session)
+{
+    co_await QCoro::sleepFor(
+        std::chrono::milliseconds(0)); // an exit before the event loop runs would be lost
+    QCoreApplication::exit(co_await session);
+}
+
+int runConversation(const CommandLine &line)
+{
+    KelvaLRApp app(stderr);
+    const bool isTerminal = line.mode == LaunchMode::terminal;
+    const bool isTyped = isTerminal && line.format == OutputFormat::text && isatty(STDIN_FILENO) != 0 &&
+                         isatty(STDOUT_FILENO) != 0;
+    const ConversationPrinter printer(
+        app.model(), line.format, isTyped ? ConversationPrinter::Echo::off : ConversationPrinter::Echo::on,
+        stdout);
+
+    std::optional<StandardInputLines> lines;
+    if (isTerminal) {
+        lines.emplace(STDIN_FILENO);
+        startDetached(exitWithStatusOf(
+            answerLines(app.model(), *lines, isTyped ? LinePrompt::shown : LinePrompt::hidden)));
+    } else {
+        startDetached(exitWithStatusOf(answerPrompts(app.model(), line.prompts)));
+    }
+    const int status = QCoreApplication::exec();
+    return app.lightroomService().isPluginInstalled() ? status : 1;
+}
+
+int run(const CommandLine &line)
+{
+    switch (line.mode) {
+    case LaunchMode::help:
+        print(stdout, CommandLine::helpText());
+        return 0;
+    case LaunchMode::version:
+        print(stdout, u"kelvalr %1\n"_s.arg(QCoreApplication::applicationVersion()));
+        return 0;
+    case LaunchMode::explain:
+        return runExplain(line);
+    case LaunchMode::installPlugin:
+        return runInstallPlugin();
+    case LaunchMode::prompts:
+    case LaunchMode::terminal:
+        return runConversation(line);
+    case LaunchMode::window:
+        break;
+    }
+    print(stderr,
+          u"kelvalr: This build has no window yet. Use --prompt TEXT or --terminal; --help lists all.\n"_s);
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"KelvaLR"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(KELVALR_VERSION));
+
+    const auto line = CommandLine::parse(QCoreApplication::arguments());
+    if (!line) {
+        print(stderr, u"kelvalr: %1\n"_s.arg(line.error()));
+        return 2;
+    }
+    return run(*line);
+}

@@ -1,0 +1,29 @@
+#include "Services/Assistant/IdleRealtimeVoiceService.h"
+
+namespace KelvaLR {
+
+bool IdleRealtimeVoiceService::isActive() const
+{
+    return false;
+}
+
+QCoro::Task<> IdleRealtimeVoiceService::start(RealtimeSessionKind)
+{
+    co_return;
+}
+
+QCoro::Task<> IdleRealtimeVoiceService::stop()
+{
+    co_return;
+}
+
+QCoro::Task<> IdleRealtimeVoiceService::setVoiceMode(RealtimeSessionKind)
+{
+    co_return;
+}
+
+void IdleRealtimeVoiceService::finishLocalFeedbackAndScheduleIdleDisconnect() {}
+
+void IdleRealtimeVoiceService::writeLog(const QString &) {}
+
+} // namespace KelvaLR

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Services/Assistant/RealtimeVoiceService.h"
+
+namespace KelvaLR {
+
+/// The realtime service of an application without realtime speech: no session is ever active.
+class IdleRealtimeVoiceService final : public RealtimeVoiceService
+{
+public:
+    bool isActive() const override;
+    QCoro::Task<> start(RealtimeSessionKind kind) override;
+    QCoro::Task<> stop() override;
+    QCoro::Task<> setVoiceMode(RealtimeSessionKind kind) override;
+    void finishLocalFeedbackAndScheduleIdleDisconnect() override;
+    void writeLog(const QString &message) override;
+};
+
+} // namespace KelvaLR

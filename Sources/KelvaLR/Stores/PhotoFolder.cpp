@@ -1,0 +1,46 @@
+#include "Stores/PhotoFolder.h"
+
+#include "Models/ImportedPhotoAsset.h"
+
+#include <QCollator>
+#include <QCoroFuture>
+#include <QDir>
+#include <QtConcurrentRun>
+
+#include <algorithm>
+
+namespace KelvaLR {
+
+namespace {
+
+QStringList listPhotos(const QString &folder)
+{
+    const QDir directory(folder);
+    QStringList names = directory.entryList(QDir::Files | QDir::Readable, QDir::NoSort);
+    names.removeIf([](const QString &name) { return !ImportedPhotoAsset::isSupportedFileName(name); });
+
+    QCollator collator{QLocale(QLocale::English)};
+    collator.setNumericMode(true);
+    std::ranges::sort(names, [&](const QString &left, const QString &right) {
+        const int order = collator.compare(left, right);
+        return order != 0 ? order < 0 : left < right;
+    });
+    for (QString &name : names) {
+        name = directory.absoluteFilePath(name);
+    }
+    return names;
+}
+
+} // namespace
+
+QCoro::Task<QStringList> photoPaths(QString folder)
+{
+    co_return co_await QtConcurrent::run(listPhotos, folder);
+}
+
+QString standardizedPath(const QString &path)
+{
+    return QDir::cleanPath(QDir().absoluteFilePath(path));
+}
+
+} // namespace KelvaLR

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QCoroTask>
+
+#include <QStringList>
+
+namespace KelvaLR {
+
+/// The supported photo files of a folder itself, as absolute paths ordered by file name (numbers inside names
+/// compare by value); hidden files and subfolders are left out. A folder that cannot be read has none. Reads
+/// off the main thread, since photo folders may live on a sleeping network drive.
+QCoro::Task<QStringList> photoPaths(QString folder);
+
+/// The folder or file as an absolute path without "." and ".." in it; nothing is looked up on the disk.
+[[nodiscard]] QString standardizedPath(const QString &path);
+
+} // namespace KelvaLR

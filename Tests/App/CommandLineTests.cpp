@@ -1,0 +1,82 @@
+#include "App/AssumedFrontmostApplication.h"
+#include "App/CommandLine.h"
+#include "App/ExplainMode.h"
+#include "App/StandardInputLines.h"
+#include "Support/PrintQt.h"
+#include "Support/WaitForTask.h"
+
+#include <QBuffer>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include <unistd.h>
+
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
+
+TEST(CommandLine, saysWhatTheProgramWasStartedFor)
+{
+    const auto parse = [](QStringList arguments) {
+        return CommandLine::parse(QStringList(u"kelvalr"_s) + arguments);
+    };
+
+    EXPECT_EQ(parse({}), (CommandLine{}));
+    EXPECT_EQ(parse({u"--prompt"_s, u"a"_s, u"--json"_s, u"--prompt=-b"_s}),
+              (CommandLine{LaunchMode::prompts, OutputFormat::json, {u"a"_s, u"-b"_s}, false}));
+    EXPECT_EQ(parse({u"--explain"_s, u"--assume-lightroom-frontmost"_s}),
+              (CommandLine{LaunchMode::explain, OutputFormat::text, {}, true}));
+    EXPECT_EQ(parse({u"--install-plugin"_s})->mode, LaunchMode::installPlugin);
+    for (const QStringList &wrong : {QStringList{u"--nonsense"_s}, {u"--prompt"_s}, {u"stray"_s}}) {
+        const auto result = parse(wrong);
+        ASSERT_FALSE(result.has_value()) << wrong.join(u' ').toStdString();
+        EXPECT_EQ(result.error().count(u'\n'), 0);
+    }
+}
+
+TEST(ExplainMode, answersEachLineAndSplitsAtLineFeedsOnly)
+{
+    QByteArray text("set exposure to 1\n\n \r\v\u2028hello\r\n\xff\xfe\nlast");
+    text.insert(text.indexOf("last"), '\0');
+    QBuffer input(&text);
+    QBuffer output;
+    input.open(QIODevice::ReadOnly);
+    output.open(QIODevice::WriteOnly);
+
+    EXPECT_EQ(explainRequests(input, output, AssumedFrontmostApplication(std::nullopt)), 0);
+
+    const QList<QByteArray> lines = output.data().split('\n');
+    ASSERT_EQ(lines.size(), 6); // five answers, each ended by a line feed
+    EXPECT_EQ(lines.at(0), R"({"text":"set exposure to 1","route":"command","command":{"case":)"
+                           R"("lightroomAdjustSlider","sliderName":"exposure","value":1,"relative":false}})");
+    const auto object = [&](qsizetype at) { return QJsonDocument::fromJson(lines.at(at)).object(); };
+    EXPECT_EQ(object(1).value("route"_L1).toString(), u"ignored"_s);
+    EXPECT_EQ(object(2).value("text"_L1).toString(), u" \r\v\u2028hello\r"_s);
+    EXPECT_EQ(object(3).value("text"_L1).toString(), u"\ufffd\ufffd"_s);
+    EXPECT_EQ(object(4).value("text"_L1).toString(), u"\0last"_s);
+}
+
+TEST(StandardInputLines, givesWholeLinesAsTheyComeAndTheRestAtTheEnd)
+{
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    StandardInputLines lines(ends[0]);
+    const auto send = [&](QByteArrayView bytes) {
+        ASSERT_EQ(write(ends[1], bytes.data(), static_cast<size_t>(bytes.size())), bytes.size());
+    };
+
+    send("first\nsec");
+    EXPECT_EQ(waitForTask(lines.next()), u"first"_s);
+    QCoro::Task<std::optional<QString>> second = lines.next();
+    EXPECT_FALSE(second.isReady());
+    send("ond\nrest");
+    close(ends[1]);
+    EXPECT_EQ(waitForTask(std::move(second)), u"second"_s);
+    EXPECT_EQ(waitForTask(lines.next()), u"rest"_s);
+    EXPECT_EQ(waitForTask(lines.next()), std::nullopt);
+    close(ends[0]);
+}

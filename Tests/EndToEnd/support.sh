@@ -1,0 +1,52 @@
+# Sourced by the end-to-end tests: a home of their own, the stand-in, and checks that say what differs.
+# shellcheck shell=bash
+set -euo pipefail
+kelvalr=$1
+standin=$2
+work=$(mktemp -d)
+export HOME=$work/home LC_ALL=C.UTF-8
+unset XDG_DATA_HOME KELVALR_OPENAI_API_KEY OPENAI_API_KEY
+mkdir -p "$HOME"
+standin_pid=
+failures=0
+
+cleanup() {
+    stop_standin
+    rm -rf "$work"
+}
+trap cleanup EXIT
+
+start_standin() {
+    "$standin" --headless "$@" >"$work/standin.out" 2>"$work/standin.err" &
+    standin_pid=$!
+    for _ in $(seq 200); do
+        grep -qx ready "$work/standin.out" && return 0
+        kill -0 "$standin_pid" 2>/dev/null || break
+        sleep 0.05
+    done
+    echo "the stand-in did not get ready:"
+    cat "$work/standin.err"
+    exit 1
+}
+
+stop_standin() {
+    [ -n "$standin_pid" ] || return 0
+    kill "$standin_pid" 2>/dev/null || true
+    wait "$standin_pid" || { echo "the stand-in did not end cleanly"; failures=$((failures + 1)); }
+    standin_pid=
+}
+
+# expect NAME EXPECTED ACTUAL
+expect() {
+    [ "$2" = "$3" ] && return 0
+    printf '%s differs\n--- expected\n%s\n--- actual\n%s\n' "$1" "$2" "$3"
+    failures=$((failures + 1))
+}
+
+# xmp SIDECAR KEY: the value of one key, empty when it is not there
+xmp() { exiv2 -Pv -K "$2" "$1" 2>/dev/null || true; }
+
+finish() {
+    stop_standin
+    [ "$failures" -eq 0 ] || { echo "$failures checks failed"; exit 1; }
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Services/Assistant/AssistantActionRunner.h"
+#include "Services/Lightroom/MacComputerUseService.h"
+#include "Stores/AppModel.h"
+#include "Support/LightroomRig.h"
+#include "Support/PrintQt.h"
+#include "Support/ScriptedAssistantProvider.h"
+#include "Support/VoiceDoubles.h"
+#include "Support/WaitForTask.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace KelvaLR::Testing {
+
+/// The real model and Lightroom services, with a plug-in that is scripted and voices that are recorded.
+class AppModelTest : public testing::Test
+{
+protected:
+    /// Submits a text and waits until the model has answered it.
+    void submit(const QString &text)
+    {
+        model->setPromptText(text);
+        model->submitPrompt();
+        ASSERT_TRUE(waitUntil([&] { return !model->isResponding(); }));
+    }
+
+    /// What the assistant has said so far.
+    [[nodiscard]] QStringList answers() const
+    {
+        QStringList texts;
+        for (const ConversationMessage &message : model->messages()) {
+            if (message.role == ConversationRole::assistant) {
+                texts.append(message.content);
+            }
+        }
+        return texts;
+    }
+
+    /// The members of the last command that the plug-in received, without its id.
+    [[nodiscard]] QJsonObject lastCommand() const
+    {
+        QJsonObject command = lightroom.plugin.commands().constLast();
+        command.remove(QStringLiteral("request_id"));
+        return command;
+    }
+
+    LightroomRig lightroom;
+    MacComputerUseService computerUse{*lightroom.service, lightroom.automation, lightroom.applications};
+    AssistantActionRunner actions{*lightroom.service, computerUse};
+    ScriptedAssistantProvider assistant;
+    RecordingRealtimeVoiceService realtime;
+    RecordingWakePhraseListener wakePhrase;
+    RecordingSpokenFeedback speech;
+    std::unique_ptr<AppModel> model =
+        std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase, speech,
+                                                    *lightroom.service, actions, lightroom.applications});
+};
+
+} // namespace KelvaLR::Testing
