@@ -38,22 +38,22 @@ double numberOf(const AssistantAction &action)
     return decimalNumber(action.text.value_or(QString())).value_or(0);
 }
 
-ResultTask refuseToOpen(Services, AssistantAction)
+ResultTask refuseToOpen(Services, const AssistantAction &)
 {
     return sentence(u"No application name provided."_s);
 }
 
-ResultTask inspectUI(Services services, AssistantAction)
+ResultTask inspectUI(Services services, const AssistantAction &)
 {
     return services.computerUse->inspectUI();
 }
 
-ResultTask refuseToClick(Services, AssistantAction)
+ResultTask refuseToClick(Services, const AssistantAction &)
 {
     return sentence(u"No Lightroom element name provided to click."_s);
 }
 
-ResultTask typeText(Services services, AssistantAction action)
+ResultTask typeText(Services services, const AssistantAction &action)
 {
     if (!action.text) {
         return sentence(u"No text provided to type."_s);
@@ -61,40 +61,40 @@ ResultTask typeText(Services services, AssistantAction action)
     return services.computerUse->typeText(*action.text);
 }
 
-ResultTask refuseToPressKey(Services, AssistantAction)
+ResultTask refuseToPressKey(Services, const AssistantAction &)
 {
     return sentence(u"Invalid or missing key: "_s);
 }
 
-ResultTask adjustSlider(Services services, AssistantAction action)
+ResultTask adjustSlider(Services services, const AssistantAction &action)
 {
     return sentence(services.lightroom->adjustSlider(
         {action.slider.value_or(QString()), numberOf(action), action.relative.value_or(true)}));
 }
 
-ResultTask adjustSliders(Services services, AssistantAction action)
+ResultTask adjustSliders(Services services, const AssistantAction &action)
 {
     return sentence(services.lightroom->adjustSliders(action.text.value_or(QString())));
 }
 
-ResultTask applyPreset(Services services, AssistantAction action)
+ResultTask applyPreset(Services services, const AssistantAction &action)
 {
     return sentence(
         services.lightroom->applyPreset(action.presetName.value_or(action.text.value_or(QString()))));
 }
 
-ResultTask importFolder(Services services, AssistantAction action)
+ResultTask importFolder(Services services, const AssistantAction &action)
 {
     return sentence(
         services.lightroom->importFolder(action.folderPath.value_or(action.text.value_or(QString()))));
 }
 
-ResultTask cullPhoto(Services services, AssistantAction action)
+ResultTask cullPhoto(Services services, const AssistantAction &action)
 {
     return sentence(services.lightroom->cullPhoto(action.text.value_or(u"pick"_s)));
 }
 
-ResultTask setRating(Services services, AssistantAction action)
+ResultTask setRating(Services services, const AssistantAction &action)
 {
     const std::optional<qint64> rating = truncatedInteger(numberOf(action));
     if (!rating) {
@@ -103,12 +103,12 @@ ResultTask setRating(Services services, AssistantAction action)
     return sentence(services.lightroom->setRating(*rating));
 }
 
-ResultTask navigate(Services services, AssistantAction action)
+ResultTask navigate(Services services, const AssistantAction &action)
 {
     return sentence(services.lightroom->navigate(action.text.value_or(u"next"_s)));
 }
 
-ResultTask getStatus(Services services, AssistantAction)
+ResultTask getStatus(Services services, const AssistantAction &)
 {
     return sentence(services.lightroom->getStatus());
 }
@@ -116,7 +116,7 @@ ResultTask getStatus(Services services, AssistantAction)
 struct Row
 {
     QLatin1StringView type;
-    ResultTask (*handle)(Services, AssistantAction);
+    ResultTask (*handle)(Services, const AssistantAction &);
 };
 
 constexpr std::array rows{
@@ -148,7 +148,7 @@ ResultTask AssistantActionRunner::run(AssistantAction action)
     const QString type = trimmedWhitespace(action.type).toLower();
     for (const Row &row : rows) {
         if (type == row.type) {
-            return row.handle({&m_lightroom, &m_computerUse}, std::move(action));
+            return row.handle({&m_lightroom, &m_computerUse}, action);
         }
     }
     return sentence(u"KelvaLR only supports Lightroom and Lightroom Classic actions."_s);
