@@ -120,27 +120,28 @@ UIAutomationService::UIAutomationService(Accessibility &accessibility, InputEven
 {
 }
 
-QCoro::Task<UIAutomationResult> UIAutomationService::clickVisibleElement(QString name) const
+QCoro::Task<UIAutomationResult> UIAutomationService::clickVisibleElement(const QString &name) const
 {
     return click(m_ports, trimmedWhitespace(name));
 }
 
-QCoro::Task<UIAutomationResult> UIAutomationService::focusField(QString name) const
+QCoro::Task<UIAutomationResult> UIAutomationService::focusField(const QString &name) const
 {
     return focus(m_ports, trimmedWhitespace(name));
 }
 
-QCoro::Task<UIAutomationResult> UIAutomationService::typeTextIntoField(QString text, QString field) const
+QCoro::Task<UIAutomationResult> UIAutomationService::typeTextIntoField(const QString &text,
+                                                                       const QString &field) const
 {
     return typeInto(m_ports, text, trimmedWhitespace(field));
 }
 
-QCoro::Task<UIAutomationResult> UIAutomationService::typeText(QString text) const
+QCoro::Task<UIAutomationResult> UIAutomationService::typeText(const QString &text) const
 {
     return type(m_ports, trimmedWhitespace(text));
 }
 
-QCoro::Task<UIAutomationResult> UIAutomationService::pressKey(KeyboardKey key) const
+QCoro::Task<UIAutomationResult> UIAutomationService::pressKey(const KeyboardKey &key) const
 {
     return press(m_ports, key);
 }

@@ -19,7 +19,8 @@ class InputEvents;
 /// works on the interface as it is at the moment of the call and keeps nothing afterwards. Main thread.
 ///
 /// Each operation checks its arguments first and then asks for accessibility, which may show the system's
-/// prompt. Its task holds the ports and not the service, so it may outlive the service but not the ports.
+/// prompt. Its task holds copies of the arguments and the ports, not the service: it may outlive the service,
+/// but not the ports.
 class UIAutomationService
 {
 public:
@@ -27,19 +28,20 @@ public:
                         const FrontmostApplication &frontmost);
 
     /// Presses the element that fits the name best, by a click at its centre when it refuses.
-    [[nodiscard]] QCoro::Task<UIAutomationResult> clickVisibleElement(QString name) const;
+    [[nodiscard]] QCoro::Task<UIAutomationResult> clickVisibleElement(const QString &name) const;
 
     /// Gives keyboard focus to the text input that fits the name best.
-    [[nodiscard]] QCoro::Task<UIAutomationResult> focusField(QString name) const;
+    [[nodiscard]] QCoro::Task<UIAutomationResult> focusField(const QString &name) const;
 
     /// Types the text, exactly as given, into the text input that fits the name best.
-    [[nodiscard]] QCoro::Task<UIAutomationResult> typeTextIntoField(QString text, QString field) const;
+    [[nodiscard]] QCoro::Task<UIAutomationResult> typeTextIntoField(const QString &text,
+                                                                    const QString &field) const;
 
     /// Types the trimmed text into whatever has keyboard focus.
-    [[nodiscard]] QCoro::Task<UIAutomationResult> typeText(QString text) const;
+    [[nodiscard]] QCoro::Task<UIAutomationResult> typeText(const QString &text) const;
 
     /// Presses the key with exactly its modifiers.
-    [[nodiscard]] QCoro::Task<UIAutomationResult> pressKey(KeyboardKey key) const;
+    [[nodiscard]] QCoro::Task<UIAutomationResult> pressKey(const KeyboardKey &key) const;
 
     /// The labelled elements of the frontmost application; empty when they cannot be read.
     [[nodiscard]] QCoro::Task<QList<UIElementDescription>> getVisibleElements() const;
