@@ -40,7 +40,7 @@ TEST(CommandLine, saysWhatTheProgramWasStartedFor)
 
 TEST(ExplainMode, answersEachLineAndSplitsAtLineFeedsOnly)
 {
-    QByteArray text("set exposure to 1\n\n \r\v\u2028hello\r\n\xff\xfe\nlast");
+    QByteArray text("set exposure to 1\n\n\ufeff \r\v\u2028hello\r\n\xff\xfe\nlast");
     text.insert(text.indexOf("last"), '\0');
     QBuffer input(&text);
     QBuffer output;
@@ -55,7 +55,7 @@ TEST(ExplainMode, answersEachLineAndSplitsAtLineFeedsOnly)
                            R"("lightroomAdjustSlider","sliderName":"exposure","value":1,"relative":false}})");
     const auto object = [&](qsizetype at) { return QJsonDocument::fromJson(lines.at(at)).object(); };
     EXPECT_EQ(object(1).value("route"_L1).toString(), u"ignored"_s);
-    EXPECT_EQ(object(2).value("text"_L1).toString(), u" \r\v\u2028hello\r"_s);
+    EXPECT_EQ(object(2).value("text"_L1).toString(), u"\ufeff \r\v\u2028hello\r"_s);
     EXPECT_EQ(object(3).value("text"_L1).toString(), u"\ufffd\ufffd"_s);
     EXPECT_EQ(object(4).value("text"_L1).toString(), u"\0last"_s);
 }
