@@ -10,7 +10,7 @@ struct BridgeTiming
     using milliseconds = std::chrono::milliseconds;
 
     milliseconds send{2000};  ///< for connecting and writing one command
-    milliseconds retry{25};   ///< between two attempts to connect within `send`
+    milliseconds retry{5};    ///< between two attempts to connect within `send`
     milliseconds reply{8000}; ///< for the reply to a command that was sent
     milliseconds poll{100};   ///< between two looks at the reply's place when no change is reported
     milliseconds queue{50};   ///< between two looks at whether another command has ended
