@@ -77,9 +77,9 @@ TEST(LightroomPluginInstallationTest, happensWhenTheServiceIsMadeAndIsReportedWh
     LightroomService blocked(rig.applications, rig.accessibility, rig.menus, rig.automation,
                              LightroomPluginInstaller(inTheWay), {}, {}, report);
     EXPECT_FALSE(blocked.isPluginInstalled());
-    std::rewind(report);
-    std::array<char, 1000> line{};
-    EXPECT_EQ(QString::fromUtf8(std::fgets(line.data(), int(line.size()), report)),
+    QFile reported;
+    ASSERT_TRUE(reported.open(report, QIODevice::ReadOnly) && reported.seek(0));
+    EXPECT_EQ(QString::fromUtf8(reported.readAll()),
               "Failed to install Lightroom plugin: Could not create the folder "_L1 + inTheWay +
                   "/KelvaLR.lrplugin.\n"_L1);
     std::fclose(report);

@@ -51,7 +51,7 @@ TEST(LightroomServiceBridgeTest, reportsEveryFailureAsNoReplyAndIsReadyForTheNex
         {"takes the connection and never reads", [](ScriptedPlugin &plugin) { plugin.stopReading(); }},
         {"empty", [](ScriptedPlugin &plugin) { plugin.answer(""); }},
         {"not UTF-8", [](ScriptedPlugin &plugin) { plugin.answer("\xFF\n"); }},
-        {"too large", [](ScriptedPlugin &plugin) { plugin.answer(QByteArray(1024 * 1024, 'x') + '\n'); }},
+        {"too large", [](ScriptedPlugin &plugin) { plugin.answer(QByteArray(1 << 20, 'x') + '\n'); }},
     };
     for (const Case &one : cases) {
         LightroomRig rig(impatientTiming());

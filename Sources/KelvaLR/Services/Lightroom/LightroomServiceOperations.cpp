@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <array>
+#include <utility>
 
 namespace KelvaLR {
 
@@ -49,7 +50,7 @@ QCoro::Task<QString> LightroomService::adjustSlider(ParsedLightroomSliderCommand
                                 .slider = change.sliderName,
                                 .value = change.value,
                                 .relative = change.relative,
-                                .targetPaths = targetPaths},
+                                .targetPaths = std::move(targetPaths)},
                     .withoutPlugin = NotConnected::sliderNotChanged(change.sliderName)});
 }
 
@@ -57,7 +58,7 @@ QCoro::Task<QString> LightroomService::adjustSliders(QString adjustments, QStrin
 {
     return perform({.command = {.action = LightroomPluginAction::adjustSliders,
                                 .adjustments = adjustments,
-                                .targetPaths = targetPaths},
+                                .targetPaths = std::move(targetPaths)},
                     .withoutPlugin = SliderFallback{.adjustments = adjustments}});
 }
 
@@ -69,7 +70,7 @@ QCoro::Task<QString> LightroomService::applyPreset(QString name, QStringList tar
     }
     co_return co_await perform({.command = {.action = LightroomPluginAction::applyPreset,
                                             .presetName = presetName,
-                                            .targetPaths = targetPaths},
+                                            .targetPaths = std::move(targetPaths)},
                                 .withoutPlugin = NotConnected::presetNotApplied(presetName)});
 }
 
@@ -89,9 +90,10 @@ QCoro::Task<QString> LightroomService::importFolder(QString path)
 
 QCoro::Task<QString> LightroomService::cullPhoto(QString type, QStringList targetPaths)
 {
-    return perform(
-        {.command = {.action = LightroomPluginAction::cull, .type = type, .targetPaths = targetPaths},
-         .withoutPlugin = flagWithoutPlugin(type)});
+    return perform({.command = {.action = LightroomPluginAction::cull,
+                                .type = type,
+                                .targetPaths = std::move(targetPaths)},
+                    .withoutPlugin = flagWithoutPlugin(type)});
 }
 
 QCoro::Task<QString> LightroomService::setRating(qint64 value, QStringList targetPaths)
@@ -100,17 +102,18 @@ QCoro::Task<QString> LightroomService::setRating(qint64 value, QStringList targe
     return perform(
         {.command = {.action = LightroomPluginAction::rating,
                      .value = double(value),
-                     .targetPaths = targetPaths},
+                     .targetPaths = std::move(targetPaths)},
          .withoutPlugin = KeyFallback{.kind = KeyFallbackKind::rating, .key = text, .subject = text}});
 }
 
 QCoro::Task<QString> LightroomService::navigate(QString direction)
 {
     const bool isBack = direction.toLower() == "prev"_L1;
-    return perform({.command = {.action = isBack ? LightroomPluginAction::prev : LightroomPluginAction::next},
-                    .withoutPlugin = KeyFallback{.kind = KeyFallbackKind::navigation,
-                                                 .key = isBack ? u"left"_s : u"right"_s,
-                                                 .subject = u"navigation"_s}});
+    co_return co_await perform(
+        {.command = {.action = isBack ? LightroomPluginAction::prev : LightroomPluginAction::next},
+         .withoutPlugin = KeyFallback{.kind = KeyFallbackKind::navigation,
+                                      .key = isBack ? u"left"_s : u"right"_s,
+                                      .subject = u"navigation"_s}});
 }
 
 QCoro::Task<QString> LightroomService::getStatus()
@@ -135,7 +138,7 @@ QCoro::Task<QString> LightroomService::perform(LightroomOperation operation)
         co_return QString();
     }
     if (!reply) {
-        co_return co_await std::visit([this](auto road) { return proceedWithoutPlugin(road); },
+        co_return co_await std::visit([this](auto road) { return proceedWithoutPlugin(std::move(road)); },
                                       operation.withoutPlugin);
     }
     if (operation.afterSuccess == AfterSuccess::activateLightroom && pluginResponseSucceeded(*reply)) {

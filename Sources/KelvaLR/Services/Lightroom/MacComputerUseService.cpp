@@ -9,6 +9,8 @@
 #include "Support/Overloaded.h"
 #include "Support/TextTrimming.h"
 
+#include <utility>
+
 namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
@@ -56,9 +58,14 @@ QString sentence(const QList<UIElementDescription> &elements)
     return text;
 }
 
+ComputerUseResult answered(const QString &summary)
+{
+    return {.summary = summary};
+}
+
 QCoro::Task<ComputerUseResult> answer(QString summary)
 {
-    co_return ComputerUseResult{.summary = summary, .artifact = {}};
+    co_return answered(summary);
 }
 
 /// Words whatever a service's task ends with.
@@ -66,7 +73,7 @@ template <typename T>
 QCoro::Task<ComputerUseResult> answer(QCoro::Task<T> task)
 {
     const T outcome = co_await task;
-    co_return ComputerUseResult{.summary = sentence(outcome), .artifact = {}};
+    co_return answered(sentence(outcome));
 }
 
 QCoro::Task<ComputerUseResult> open(RunningApplications &applications,
@@ -74,10 +81,8 @@ QCoro::Task<ComputerUseResult> open(RunningApplications &applications,
 {
     const std::expected<void, QString> opened = co_await applications.open(application.url);
     const QString &name = application.displayName;
-    co_return ComputerUseResult{.summary =
-                                    opened ? QString("Opened "_L1 + name + u'.')
-                                           : QString("Could not open "_L1 + name + ": "_L1 + opened.error()),
-                                .artifact = {}};
+    co_return answered(opened ? QString("Opened "_L1 + name + u'.')
+                              : QString("Could not open "_L1 + name + ": "_L1 + opened.error()));
 }
 
 } // namespace
@@ -94,13 +99,13 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::execute(QString text) cons
 {
     const QString trimmed = trimmedWhitespace(text);
     if (trimmed.isEmpty()) {
-        return answer(u"No command provided."_s);
+        co_return answered(u"No command provided."_s);
     }
     const auto command = LightroomCommandParser::parse(trimmed, m_applications);
     if (!command) {
-        return answer(u"KelvaLR only supports Adobe Lightroom and Lightroom Classic commands."_s);
+        co_return answered(u"KelvaLR only supports Adobe Lightroom and Lightroom Classic commands."_s);
     }
-    return perform(*command);
+    co_return co_await perform(*command);
 }
 
 QCoro::Task<ComputerUseResult>
@@ -139,9 +144,9 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::openLightroomApp(QString n
 {
     const auto application = LightroomApplicationResolver(m_applications).resolve(name);
     if (!application) {
-        return answer(u"Could not find Adobe Lightroom or Lightroom Classic."_s);
+        co_return answered(u"Could not find Adobe Lightroom or Lightroom Classic."_s);
     }
-    return open(m_applications, *application);
+    co_return co_await open(m_applications, *application);
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::inspectUI() const
@@ -157,7 +162,7 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::clickElement(QString name)
     if (!isFrontmostAppLightroom()) {
         return answer(refusal("clicking"_L1));
     }
-    return answer(m_automation.clickVisibleElement(name));
+    return answer(m_automation.clickVisibleElement(std::move(name)));
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::typeText(QString text) const
@@ -165,7 +170,7 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::typeText(QString text) con
     if (!isFrontmostAppLightroom()) {
         return answer(refusal("typing"_L1));
     }
-    return answer(m_automation.typeText(text));
+    return answer(m_automation.typeText(std::move(text)));
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::typeTextIntoField(QString text, QString field) const
@@ -173,7 +178,7 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::typeTextIntoField(QString 
     if (!isFrontmostAppLightroom()) {
         return answer(refusal("typing"_L1));
     }
-    return answer(m_automation.typeTextIntoField(text, field));
+    return answer(m_automation.typeTextIntoField(std::move(text), std::move(field)));
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::pressKey(KeyboardKey key) const
@@ -181,7 +186,7 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::pressKey(KeyboardKey key) 
     if (!isFrontmostAppLightroom()) {
         return answer(refusal("pressing keys"_L1));
     }
-    return answer(m_automation.pressKey(key));
+    return answer(m_automation.pressKey(std::move(key)));
 }
 
 } // namespace KelvaLR

@@ -48,9 +48,8 @@ struct LightroomPluginCommand
     std::optional<QString> slider; ///< a slider's name, or a develop settings key
     std::optional<double> value;   ///< in the slider's own unit, or a star count
     std::optional<bool> relative;
-    std::optional<QString> type; ///< "pick", "reject" or "unflag"
-    std::optional<QString> adjustments =
-        {}; ///< "Slider:Value:Relative" items separated by ";", Relative 1 or 0
+    std::optional<QString> type;        ///< "pick", "reject" or "unflag"
+    std::optional<QString> adjustments; ///< "Slider:Value:Relative" items separated by ";", Relative 1 or 0
     std::optional<QString> presetName;
     std::optional<QString> folderPath;
     QStringList targetPaths; ///< absolute paths of photos; empty means the active photo

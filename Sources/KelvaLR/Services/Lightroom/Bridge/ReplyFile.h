@@ -6,8 +6,8 @@
 
 namespace KelvaLR {
 
-/// A longer reply is refused.
-inline constexpr qint64 maximumReplySize = 1024 * 1024;
+/// In bytes; a longer reply is refused.
+inline constexpr qint64 maximumReplySize = 1 << 20;
 
 /// The readable content of a reply file.
 struct ReplyFileContent
