@@ -41,7 +41,7 @@ void ReceivingSocket::listen()
 {
     if (m_server.listen(QHostAddress::LocalHost, m_port)) {
         m_patience.start();
-        Q_EMIT listening(m_port);
+        Q_EMIT listening(m_server.serverPort());
         return;
     }
     const QString error = m_server.errorString();
