@@ -78,7 +78,7 @@ void ReceivingSocket::serveNext()
 
 void ReceivingSocket::readLines()
 {
-    if (!m_client) {
+    if (!m_client || !m_client->isReadable()) {
         return;
     }
     const qsizetype searched = m_pending.size();

@@ -1,0 +1,168 @@
+#include "LightroomStandIn/HostedPlugin.h"
+
+#include "Support/PrintQt.h"
+#include "Support/WaitForTask.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QHostAddress>
+#include <QImage>
+#include <QProcess>
+#include <QTcpServer>
+
+using namespace Qt::StringLiterals;
+using KelvaLR::Testing::waitUntil;
+using namespace StandIn::Testing;
+
+namespace {
+
+class Program
+{
+public:
+    explicit Program(const QStringList &arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"HOME"_s, u"/nonexistent"_s);
+        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+        m_process.setProcessEnvironment(environment);
+        m_process.start(QStringLiteral(KELVALR_STANDIN_PROGRAM), arguments);
+    }
+
+    /// The exit code; -1 after a crash.
+    int finish()
+    {
+        EXPECT_TRUE(waitUntil([this] { return m_process.state() == QProcess::NotRunning; }));
+        m_output += m_process.readAllStandardOutput();
+        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    }
+
+    [[nodiscard]] bool waitForReady()
+    {
+        return waitUntil([this] {
+                   m_output += m_process.readAllStandardOutput();
+                   return m_output.contains("ready\n") || m_process.state() == QProcess::NotRunning;
+               }) &&
+               m_output == "ready\n";
+    }
+
+    void terminate() { m_process.terminate(); }
+
+    [[nodiscard]] QByteArray output() const { return m_output; }
+
+    [[nodiscard]] QByteArray errors() { return m_process.readAllStandardError(); }
+
+private:
+    QProcess m_process;
+    QByteArray m_output;
+};
+
+/// Folders that the stand-in can serve.
+struct Folders
+{
+    QTemporaryDir directory;
+    QString photos = directory.filePath(u"photos"_s);
+    QString modules = directory.filePath(u"modules"_s);
+    QString presets = directory.filePath(u"presets"_s);
+
+    Folders()
+    {
+        writeFile(photos + u"/a.jpg"_s);
+        writeFile(presets + u"/good.xmp"_s, presetFile(u"Good"_s, u"Tint=\"+3\""_s));
+        installPluginInto(modules);
+    }
+
+    [[nodiscard]] QStringList arguments() const
+    {
+        return {u"--headless"_s, u"--photos"_s, photos, u"--modules"_s, modules, u"--presets"_s, presets};
+    }
+};
+
+} // namespace
+
+TEST(Program, saysInOneSentenceWhyItCannotStart)
+{
+    const Folders folders;
+    const QString broken = folders.directory.filePath(u"broken"_s);
+    writeFile(broken + u"/bad.xmp"_s, "<x:xmpmeta");
+    const QString bare = folders.directory.filePath(u"bare"_s);
+    QDir().mkpath(bare);
+
+    struct Row
+    {
+        QStringList arguments;
+        QString sentence;
+    };
+
+    const std::vector<Row> rows{
+        {{u"--photos"_s, folders.photos}, u"Only --headless exists yet."_s},
+        {{u"--headless"_s}, u"Name the folder with the photos: --photos DIR."_s},
+        {{u"--headless"_s, u"--photos"_s, u"/no/such"_s}, u"There is no photo folder \"/no/such\"."_s},
+        {{u"--headless"_s, u"--photos"_s, folders.photos + u"/a.jpg"},
+         u"\"%1/a.jpg\" cannot be read as a photo folder."_s.arg(folders.photos)},
+        {{u"--headless"_s, u"--photos"_s, folders.photos, u"--presets"_s, u"/no/such"_s},
+         u"\"/no/such\" cannot be read as a preset folder."_s},
+        {{u"--headless"_s, u"--photos"_s, folders.photos, u"--presets"_s, broken},
+         u"The preset \"%1/bad.xmp\" cannot be read: "_s.arg(broken)},
+        {{u"--headless"_s, u"--photos"_s, folders.photos, u"--modules"_s, bare},
+         u"There is no plug-in at \"%1/KelvaLR.lrplugin\"; run \"kelvalr --install-plugin\" first."_s.arg(
+             bare)},
+        {{u"--headless"_s, u"--photos"_s, folders.photos},
+         u"There is no plug-in at \"/nonexistent/Library/Application Support/Adobe/Lightroom/Modules/KelvaLR.lrplugin\""_s},
+        {{u"--loud"_s}, u"Unknown option 'loud'."_s},
+        {{u"--headless"_s, u"extra"_s}, u"Unexpected argument \"extra\"."_s},
+    };
+    for (const Row &row : rows) {
+        Program program(row.arguments);
+        EXPECT_EQ(program.finish(), 1);
+        const QString said = QString::fromUtf8(program.errors());
+        EXPECT_TRUE(said.startsWith(row.sentence)) << said.toStdString();
+        EXPECT_EQ(said.count(u'\n'), 1) << said.toStdString();
+        EXPECT_EQ(program.output(), QByteArray());
+    }
+}
+
+TEST(Program, servesUntilItIsTerminated)
+{
+    const Folders folders;
+    Program program(folders.arguments());
+    ASSERT_TRUE(program.waitForReady()) << program.errors().toStdString();
+
+    Program second(folders.arguments());
+    EXPECT_EQ(second.finish(), 1);
+    const QByteArray said = second.errors();
+    EXPECT_TRUE(said.startsWith("The plug-in cannot listen on port 54321: ")) << said.toStdString();
+    EXPECT_EQ(said.count('\n'), 1);
+    EXPECT_EQ(second.output(), QByteArray());
+
+    ASSERT_TRUE(sendToPlugin(R"({"request_id":"PROGRAM","action":"ping"})"
+                             "\n"));
+    EXPECT_TRUE(waitUntil([] { return readFile(replyPath(u"PROGRAM"_s)).endsWith('\n'); }));
+    QFile::remove(replyPath(u"PROGRAM"_s));
+
+    program.terminate();
+    EXPECT_EQ(program.finish(), 0);
+    EXPECT_EQ(program.errors(), QByteArray());
+}
+
+TEST(Program, paintsSamplePhotosOnlyWhereThereAreNone)
+{
+    const QTemporaryDir directory;
+    const QString folder = directory.filePath(u"new/photos"_s);
+    Program painter({u"--sample-photos"_s, folder});
+    EXPECT_EQ(painter.finish(), 0) << painter.errors().toStdString();
+    const QStringList names = QDir(folder).entryList(QDir::Files);
+    EXPECT_EQ(names.size(), 6);
+    for (const QString &name : names) {
+        EXPECT_EQ(QImage(folder + u'/' + name).size(), QSize(1200, 800)) << name.toStdString();
+    }
+
+    ASSERT_TRUE(QFile::remove(folder + u'/' + names.first()));
+    Program again({u"--sample-photos"_s, folder});
+    EXPECT_EQ(again.finish(), 0);
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 5);
+
+    Program refused({u"--sample-photos"_s, folder + u'/' + names.last()});
+    EXPECT_EQ(refused.finish(), 1);
+    EXPECT_EQ(refused.errors().count('\n'), 1);
+}
