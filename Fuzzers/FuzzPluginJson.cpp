@@ -47,8 +47,8 @@ void require(bool condition, const char *what)
     }
 }
 
-/// Qt takes only arrays and objects at the top. Nothing when Qt refuses the text for a number that is too small
-/// to be told from zero.
+/// Qt takes only arrays and objects at the top. Nothing when Qt refuses the text for a number that is too
+/// small to be told from zero.
 std::optional<QJsonArray> readByQt(const QByteArray &text)
 {
     QJsonParseError error;
@@ -100,8 +100,9 @@ bool isSame(const QJsonValue &left, const QJsonValue &right)
         const QJsonObject a = left.toObject();
         const QJsonObject b = right.toObject();
         const auto keys = a.keys();
-        return keys == b.keys() &&
-               std::ranges::all_of(keys, [&](const QString &key) { return isSame(a.value(key), b.value(key)); });
+        return keys == b.keys() && std::ranges::all_of(keys, [&](const QString &key) {
+                   return isSame(a.value(key), b.value(key));
+               });
     }
     return left == right;
 }

@@ -46,7 +46,7 @@ std::expected<CommandLine, QString> readCommandLine(const QStringList &arguments
         return std::unexpected(
             u"Unexpected argument \"%1\"."_s.arg(parser.positionalArguments().constFirst()));
     }
-    const CommandLine line{
+    CommandLine line{
         .isHelpWanted = parser.isSet(options.help),
         .isHeadless = parser.isSet(options.headless),
         .photoFolder = parser.value(options.photos),

@@ -16,7 +16,7 @@ namespace StandIn {
 namespace {
 
 /// More than any sidecar holds; a larger file is not read into memory.
-constexpr qint64 largestFile = 32 * 1024 * 1024;
+constexpr qint64 largestFile = qint64{32} * 1024 * 1024;
 
 /// The XMP toolkit, brought up once for the process and taken down at its end.
 class XmpToolkit

@@ -117,12 +117,13 @@ void ReceivingSocket::close()
     m_patience.stop();
     m_server.close();
     if (m_client) {
-        m_client->disconnect(this);
-        m_client->abort();
-        m_client->deleteLater();
-        m_client.clear();
+        m_waiting.push_back(std::exchange(m_client, nullptr));
     }
-    m_waiting.clear();
+    for (QTcpSocket *client : std::exchange(m_waiting, {})) {
+        client->disconnect(this);
+        client->abort();
+        client->deleteLater();
+    }
 }
 
 } // namespace StandIn

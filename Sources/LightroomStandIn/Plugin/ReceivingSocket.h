@@ -29,7 +29,7 @@ public:
     static constexpr std::chrono::seconds defaultPatience{10};
 
     /// A line longer than this is not waited for: the client is dropped.
-    static constexpr qsizetype longestLine = 16 * 1024 * 1024;
+    static constexpr qsizetype longestLine = qsizetype{16} * 1024 * 1024;
 
     explicit ReceivingSocket(quint16 port, std::chrono::milliseconds patience = defaultPatience);
     ~ReceivingSocket() override;

@@ -39,9 +39,7 @@ if KelvaLRSocketStarted then
 end
 KelvaLRSocketStarted = true
 
-----------------------------------------------------------------------------------------------------
 -- Text
-----------------------------------------------------------------------------------------------------
 
 local REPLACEMENT_CHARACTER = "\239\191\189" -- U+FFFD
 
@@ -139,12 +137,10 @@ local function isFinite(value)
     return type(value) == "number" and value == value and value ~= math.huge and value ~= -math.huge
 end
 
-----------------------------------------------------------------------------------------------------
 -- JSON (RFC 8259)
 --
 -- Objects become tables, arrays become tables with the metatable `Array`, null becomes `null`.
 -- When a key stands twice, the last one counts.
-----------------------------------------------------------------------------------------------------
 
 local Array = {}
 local null = {}
@@ -407,9 +403,7 @@ local function encodeJson(value)
     return concat(pieces)
 end
 
-----------------------------------------------------------------------------------------------------
 -- Requests and replies
-----------------------------------------------------------------------------------------------------
 
 local function ofType(kind, value)
     if type(value) == kind then
@@ -509,9 +503,7 @@ local function sendReply(id, reply)
     end
 end
 
-----------------------------------------------------------------------------------------------------
 -- The catalog
-----------------------------------------------------------------------------------------------------
 
 -- A member of an SDK object; nil when this version of Lightroom does not have it.
 local function member(object, name)
@@ -634,9 +626,7 @@ local function showDevelopModuleLogged(action)
     end
 end
 
-----------------------------------------------------------------------------------------------------
 -- Sliders
-----------------------------------------------------------------------------------------------------
 
 local sliderSettings = {
     exposure = "Exposure2012",
@@ -700,9 +690,7 @@ local function adjusted(before, items)
     return changes
 end
 
-----------------------------------------------------------------------------------------------------
 -- Presets
-----------------------------------------------------------------------------------------------------
 
 local function normalisedName(name)
     return lower(trimmed(name))
@@ -756,9 +744,7 @@ local function findPreset(requested)
     return partial, partialName
 end
 
-----------------------------------------------------------------------------------------------------
 -- Folders
-----------------------------------------------------------------------------------------------------
 
 local supportedExtensions = {
     jpg = true, jpeg = true, png = true, tif = true, tiff = true, heic = true, heif = true,
@@ -791,9 +777,7 @@ local function photoFilesIn(folder)
     return paths
 end
 
-----------------------------------------------------------------------------------------------------
 -- Actions: each takes a request and returns its reply
-----------------------------------------------------------------------------------------------------
 
 local actions = {}
 
@@ -952,7 +936,7 @@ local function step(distance)
     return success("Moved to photo " .. newPosition)
 end
 
-actions["next"] = function()
+function actions.next()
     return step(1)
 end
 
@@ -995,9 +979,7 @@ function actions.get_status()
     return reply or failure("Could not read Lightroom status")
 end
 
-----------------------------------------------------------------------------------------------------
 -- The server
-----------------------------------------------------------------------------------------------------
 
 local function perform(request, message)
     if not request.action then

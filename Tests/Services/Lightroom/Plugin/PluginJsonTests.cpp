@@ -119,7 +119,9 @@ TEST(PluginJson, writesAnyBytesAsValidText)
 TEST(PluginJson, boundsTheDepthOfNesting)
 {
     PluginJson json;
-    const auto nested = [](int depth) -> QByteArray { return QByteArray(depth, '[') + QByteArray(depth, ']'); };
+    const auto nested = [](int depth) -> QByteArray {
+        return QByteArray(depth, '[') + QByteArray(depth, ']');
+    };
     EXPECT_EQ(json.readAndWrite(nested(100)).value_or(QByteArray()), nested(100));
     EXPECT_FALSE(json.readAndWrite(nested(102)).has_value());
     EXPECT_FALSE(json.readAndWrite(QByteArray(1024 * 1024, '[')).has_value());
