@@ -9,8 +9,6 @@
 #include "Support/Overloaded.h"
 #include "Support/TextTrimming.h"
 
-#include <utility>
-
 namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
@@ -61,11 +59,6 @@ QString sentence(const QList<UIElementDescription> &elements)
 ComputerUseResult answered(const QString &summary)
 {
     return {.summary = summary};
-}
-
-QCoro::Task<ComputerUseResult> answer(QString summary)
-{
-    co_return answered(summary);
 }
 
 /// Words whatever a service's task ends with.
@@ -152,41 +145,41 @@ QCoro::Task<ComputerUseResult> MacComputerUseService::openLightroomApp(QString n
 QCoro::Task<ComputerUseResult> MacComputerUseService::inspectUI() const
 {
     if (!isFrontmostAppLightroom()) {
-        return answer(refusal("inspecting UI"_L1));
+        co_return answered(refusal("inspecting UI"_L1));
     }
-    return answer(m_automation.getVisibleElements());
+    co_return co_await answer(m_automation.getVisibleElements());
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::clickElement(QString name) const
 {
     if (!isFrontmostAppLightroom()) {
-        return answer(refusal("clicking"_L1));
+        co_return answered(refusal("clicking"_L1));
     }
-    return answer(m_automation.clickVisibleElement(std::move(name)));
+    co_return co_await answer(m_automation.clickVisibleElement(name));
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::typeText(QString text) const
 {
     if (!isFrontmostAppLightroom()) {
-        return answer(refusal("typing"_L1));
+        co_return answered(refusal("typing"_L1));
     }
-    return answer(m_automation.typeText(std::move(text)));
+    co_return co_await answer(m_automation.typeText(text));
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::typeTextIntoField(QString text, QString field) const
 {
     if (!isFrontmostAppLightroom()) {
-        return answer(refusal("typing"_L1));
+        co_return answered(refusal("typing"_L1));
     }
-    return answer(m_automation.typeTextIntoField(std::move(text), std::move(field)));
+    co_return co_await answer(m_automation.typeTextIntoField(text, field));
 }
 
 QCoro::Task<ComputerUseResult> MacComputerUseService::pressKey(KeyboardKey key) const
 {
     if (!isFrontmostAppLightroom()) {
-        return answer(refusal("pressing keys"_L1));
+        co_return answered(refusal("pressing keys"_L1));
     }
-    return answer(m_automation.pressKey(std::move(key)));
+    co_return co_await answer(m_automation.pressKey(key));
 }
 
 } // namespace KelvaLR
