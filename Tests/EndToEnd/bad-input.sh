@@ -21,7 +21,7 @@ echo "<x:xmpmeta" >"$work/presets/Broken.xmp"
 refuses "unknown option" "nonsense" "$kelvalr" --nonsense
 refuses "blank prompt" "blank" "$kelvalr" --prompt "  "
 
-rmdir "$HOME" && touch "$HOME"
+rm -r "$HOME" && touch "$HOME"
 refuses "plug-in folder that cannot be written" "$HOME" "$kelvalr" --install-plugin
 refuses "the same while answering" "Failed to install Lightroom plugin" "$kelvalr" --prompt "tell me a story"
 rm "$HOME" && mkdir "$HOME"

@@ -9,8 +9,8 @@ namespace KelvaLR {
 
 namespace {
 
-/// The line as it stands: a byte order mark at its head is a character of it, and bytes that are no UTF-8 become
-/// U+FFFD.
+/// The line as it stands: a byte order mark at its head is a character of it, and bytes that are no UTF-8
+/// become U+FFFD.
 QString decoded(const QByteArray &bytes)
 {
     using Flag = QStringDecoder::Flag;

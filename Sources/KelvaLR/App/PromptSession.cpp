@@ -4,10 +4,10 @@
 #include "Stores/AppModel.h"
 #include "Support/TextTrimming.h"
 
-#include <QCoroSignal>
 #include <QCoroTimer>
 #include <QDeadlineTimer>
 #include <QPointer>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -17,15 +17,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Waits until the model has answered; false when it has not within the time or is gone.
+/// Waits until the model has answered; false when it has not within the time or is gone. A reply that asks
+/// for an action ends one request and begins the next within one turn of the event loop, so a change is
+/// looked at a turn later.
 QCoro::Task<bool> isAnswered(QPointer<AppModel> model, std::chrono::milliseconds timeout)
 {
     const QDeadlineTimer deadline(timeout);
+    QTimer nextLook;
+    nextLook.setSingleShot(true);
+    const auto lookSoon = [&nextLook] { nextLook.start(0); };
+    QObject::connect(model, &AppModel::isRespondingChanged, &nextLook, lookSoon);
+    QObject::connect(model, &QObject::destroyed, &nextLook, lookSoon);
     while (model && model->isResponding() && !deadline.hasExpired()) {
-        co_await qCoro(model.data(), &AppModel::isRespondingChanged,
-                       std::chrono::milliseconds(deadline.remainingTime()));
-        // A reply that asks for an action ends one request and begins the next within this turn.
-        co_await QCoro::sleepFor(std::chrono::milliseconds(0));
+        nextLook.start(std::chrono::ceil<std::chrono::milliseconds>(deadline.remainingTimeAsDuration()));
+        co_await nextLook;
     }
     co_return model && !model->isResponding();
 }

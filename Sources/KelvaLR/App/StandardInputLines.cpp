@@ -1,9 +1,11 @@
 #include "App/StandardInputLines.h"
 
-#include <QCoroSignal>
+#include <QCoroTimer>
+#include <QPointer>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 
 #include <unistd.h>
 
@@ -13,6 +15,7 @@ StandardInputLines::StandardInputLines(int descriptor)
     : m_descriptor(descriptor)
     , m_notifier(descriptor, QSocketNotifier::Read)
 {
+    m_nextLook.setSingleShot(true);
     connect(&m_notifier, &QSocketNotifier::activated, this, &StandardInputLines::read);
 }
 
@@ -20,7 +23,8 @@ QCoro::Task<std::optional<QString>> StandardInputLines::next()
 {
     const QPointer<StandardInputLines> self(this);
     while (!m_buffer.contains('\n') && !m_isAtEnd) {
-        co_await qCoro(this, &StandardInputLines::bytesArrived);
+        m_nextLook.start(std::chrono::hours(1)); // a user may take that long; nothing happens then
+        co_await m_nextLook;
         if (!self) {
             co_return std::nullopt;
         }
@@ -48,7 +52,7 @@ void StandardInputLines::read()
         m_isAtEnd = true;
         m_notifier.setEnabled(false);
     }
-    Q_EMIT bytesArrived();
+    m_nextLook.start(0);
 }
 
 } // namespace KelvaLR

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <optional>
 
@@ -13,8 +14,6 @@ namespace KelvaLR {
 /// Reads lines from a file descriptor without blocking the main thread.
 class StandardInputLines : public QObject
 {
-    Q_OBJECT
-
 public:
     /// @param descriptor stays open for as long as the reader lives
     explicit StandardInputLines(int descriptor);
@@ -23,14 +22,12 @@ public:
     /// takes.
     QCoro::Task<std::optional<QString>> next();
 
-Q_SIGNALS:
-    void bytesArrived();
-
 private:
     void read();
 
     int m_descriptor;
     QSocketNotifier m_notifier;
+    QTimer m_nextLook; ///< ends early when something was read
     QByteArray m_buffer;
     bool m_isAtEnd = false;
 };
