@@ -39,6 +39,7 @@ start_standin --photos "$work/photos"
 refuses "port already taken" "54321" "$standin" --headless --photos "$work/photos"
 
 # Ten thousand lines of anything are each answered with one line of JSON.
-head -c 4000000 /dev/urandom | tr -d '\n' | fold -b -w 390 | head -n 10000 >"$work/lines"
+head -c 4000000 /dev/urandom | tr -d '\n' | fold -b -w 390 >"$work/noise"
+LC_ALL=C sed -n '1,10000p' "$work/noise" >"$work/lines"
 expect "explained lines" 10000 "$("$kelvalr" --explain <"$work/lines" | grep -c '^{"text":.*}$')"
 finish
