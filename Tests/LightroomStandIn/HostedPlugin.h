@@ -36,8 +36,8 @@ public:
     struct Setup
     {
         QStringList photos{QStringLiteral("a.jpg"), QStringLiteral("b.CR3"), QStringLiteral("c.dng")};
-        std::vector<std::pair<QString, QByteArray>> presets = {}; ///< file name and content
-        FacadeSources facades = {};
+        std::vector<std::pair<QString, QByteArray>> presets; ///< file name and content
+        FacadeSources facades;
         bool shouldListen = true; ///< wait until the plug-in listens
     };
 

@@ -260,7 +260,7 @@ TEST(Sdk, givesSocketCallbacksNoTaskToYieldIn)
 
 TEST(Sdk, saysWhatIsWrongWithAPlugin)
 {
-    QTemporaryDir directory;
+    const QTemporaryDir directory;
     writeFile(directory.filePath(u"photos/a.jpg"_s));
     auto catalog = Catalog::open(directory.filePath(u"photos"_s)).value();
     const PresetLibrary presets;

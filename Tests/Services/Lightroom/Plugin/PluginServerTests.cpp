@@ -19,6 +19,12 @@ using StandIn::Testing::replyPath;
 using StandIn::Testing::sendToPlugin;
 using StandIn::Testing::writeFile;
 
+namespace {
+
+constexpr qsizetype mebibyte = qsizetype{1024} * 1024;
+
+} // namespace
+
 TEST(PluginServer, answersWhatItCannotRead)
 {
     struct Row
@@ -40,7 +46,7 @@ TEST(PluginServer, answersWhatItCannotRead)
          uR"({"request_id":"BIG","action":"rating","value":1e400})"_s},
         {"{\"request_id\":\"BYTES\",\"action\":\"\xFF\xC3\"}", u"BYTES"_s,
          u"{\"request_id\":\"BYTES\",\"action\":\"\uFFFD\uFFFD\"}"_s},
-        {QByteArray(1024 * 1024, '['), {}, QString(64 * 1024 - 24, u'[') + u"..."},
+        {QByteArray(mebibyte, '['), {}, QString(mebibyte / 16 - 24, u'[') + u"..."},
     };
     HostedPlugin plugin;
     for (const Row &row : rows) {
@@ -71,7 +77,7 @@ TEST(PluginServer, keepsRepliesInTheirFolder)
 TEST(PluginServer, answersOthersWhenOneReplyCannotBeWritten)
 {
     HostedPlugin plugin;
-    const QJsonObject request{{u"action"_s, u"ping"_s}, {u"request_id"_s, QString(1024 * 1024, u'x')}};
+    const QJsonObject request{{u"action"_s, u"ping"_s}, {u"request_id"_s, QString(mebibyte, u'x')}};
     ASSERT_TRUE(sendToPlugin(QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n'));
     ASSERT_TRUE(waitUntil([&plugin] { return plugin.log().contains("reply file write failed: "); }));
     EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
@@ -86,7 +92,7 @@ TEST(PluginServer, readsAMebibyteOfTargetPaths)
     }
     const QByteArray line = R"({"request_id":"LONG","action":"rating","value":3,"target_paths":[)" + paths +
                             "\"" + plugin.photoPath(u"b.CR3"_s).toUtf8() + "\"]}";
-    ASSERT_GT(line.size(), 1024 * 1024);
+    ASSERT_GT(line.size(), mebibyte);
     EXPECT_EQ(plugin.sendLine(line, u"LONG"_s)["message"_L1].toString(),
               u"Set rating to 3 on 1 photo (21000 missing)"_s);
 }
@@ -170,7 +176,7 @@ constexpr auto drivenSocket = R"(
 
 TEST(PluginServer, listensAgainALittleAfterATimeOutAndEndsOnOtherErrors)
 {
-    HostedPlugin plugin({.facades = {{u"LrSocket"_s, drivenSocket}}, .shouldListen = false});
+    HostedPlugin plugin({.presets = {}, .facades = {{u"LrSocket"_s, drivenSocket}}, .shouldListen = false});
     const auto titles = [&plugin] {
         QStringList list;
         for (const DialogMessage &message : plugin.messages()) {
