@@ -16,7 +16,7 @@ namespace KelvaLR::Testing {
 
 /// Turns the event loop until the condition holds; false when it did not within the time.
 template <typename Condition>
-[[nodiscard]] bool waitUntil(Condition condition,
+[[nodiscard]] bool waitUntil(const Condition &condition,
                              std::chrono::milliseconds timeout = std::chrono::seconds(20))
 {
     const QDeadlineTimer deadline(timeout);
