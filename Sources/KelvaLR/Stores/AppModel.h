@@ -167,7 +167,7 @@ private:
     void setSelectedImportedPhotoIDs(const QSet<QUuid> &ids);
 
     // AppModelPrompt.cpp
-    QCoro::Task<> carryOut(PromptRoute route, QString text);
+    QCoro::Task<> carryOut(const PromptRoute &route, const QString &text);
     QCoro::Task<> testConnection();
     QCoro::Task<> executeCommand(QString text);
     QCoro::Task<> askAssistant(QString text);
@@ -177,7 +177,7 @@ private:
 
     // AppModelImportedPhotos.cpp
     QCoro::Task<> runImportedPhotoBatchIntent(ImportedPhotoBatchIntent intent);
-    QCoro::Task<QString> performBatch(ImportedPhotoBatchIntent intent, QStringList paths);
+    QCoro::Task<QString> performBatch(const ImportedPhotoBatchIntent &intent, const QStringList &paths);
     void addImportedPhotos(const QStringList &paths);
 
     // AppModelVoice.cpp

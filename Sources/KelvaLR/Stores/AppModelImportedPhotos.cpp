@@ -137,7 +137,7 @@ QCoro::Task<> AppModel::runImportedPhotoBatchIntent(ImportedPhotoBatchIntent int
                   u"%1\n\nPhotos targeted: %2"_s.arg(result, QString::number(paths.size()))));
 }
 
-QCoro::Task<QString> AppModel::performBatch(ImportedPhotoBatchIntent intent, QStringList paths)
+QCoro::Task<QString> AppModel::performBatch(const ImportedPhotoBatchIntent &intent, const QStringList &paths)
 {
     struct Operation
     {

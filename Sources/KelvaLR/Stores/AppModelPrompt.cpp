@@ -28,7 +28,7 @@ void AppModel::submitPrompt()
     startDetached(carryOut(routePrompt(text, m_services.applications), text));
 }
 
-QCoro::Task<> AppModel::carryOut(PromptRoute route, QString text)
+QCoro::Task<> AppModel::carryOut(const PromptRoute &route, const QString &text)
 {
     // Every destination holds a RespondingScope from its first line on, before it suspends.
     struct Destination

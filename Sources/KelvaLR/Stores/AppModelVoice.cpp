@@ -26,7 +26,7 @@ constexpr std::chrono::milliseconds secondActivation{150};
 template <typename... Arguments, typename Work>
 std::function<void(Arguments...)> onMainThread(const QPointer<AppModel> &model, Work work)
 {
-    return [model, work](Arguments... arguments) {
+    return [model, work](const Arguments &...arguments) {
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
             [model, work, arguments...] {

@@ -143,7 +143,7 @@ AssistantActionRunner::AssistantActionRunner(LightroomService &lightroom, MacCom
 {
 }
 
-ResultTask AssistantActionRunner::run(AssistantAction action)
+ResultTask AssistantActionRunner::run(const AssistantAction &action)
 {
     const QString type = trimmedWhitespace(action.type).toLower();
     for (const Row &row : rows) {

@@ -15,7 +15,7 @@ public:
     AssistantActionRunner(LightroomService &lightroom, MacComputerUseService &computerUse);
 
     /// Never fails: what cannot be done is the sentence of the result.
-    QCoro::Task<ComputerUseResult> run(AssistantAction action);
+    QCoro::Task<ComputerUseResult> run(const AssistantAction &action);
 
 private:
     LightroomService &m_lightroom;
