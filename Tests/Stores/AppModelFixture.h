@@ -19,6 +19,11 @@ namespace KelvaLR::Testing {
 class AppModelTest : public testing::Test
 {
 protected:
+    void TearDown() override
+    {
+        EXPECT_TRUE(waitUntil([&] { return !realtime.hasTasksUnderWay(); }));
+    }
+
     /// Submits a text and waits until the model has answered it.
     void submit(const QString &text)
     {

@@ -7,6 +7,8 @@
 #include <QCoroTimer>
 #include <QStringList>
 
+#include <memory>
+
 namespace KelvaLR::Testing {
 
 /// Records what the model asks of it; the test reports states through the callbacks.
@@ -35,13 +37,25 @@ public:
     QStringList calls;
     QStringList log;
 
+    /// A task that is still under way when its test ends would never be resumed.
+    bool hasTasksUnderWay() const { return *m_tasksUnderWay > 0; }
+
 private:
     QCoro::Task<> record(const char *call)
     {
         calls.append(QString::fromLatin1(call));
-        co_await QCoro::sleepFor(
-            std::chrono::milliseconds(1)); // may outlive the test, so nothing is touched after
+        return finishSoon(m_tasksUnderWay);
     }
+
+    /// May outlive the double, so it holds what it touches.
+    static QCoro::Task<> finishSoon(std::shared_ptr<int> tasksUnderWay)
+    {
+        ++*tasksUnderWay;
+        co_await QCoro::sleepFor(std::chrono::milliseconds(1));
+        --*tasksUnderWay;
+    }
+
+    std::shared_ptr<int> m_tasksUnderWay = std::make_shared<int>(0);
 };
 
 class RecordingWakePhraseListener final : public WakePhraseListener
