@@ -31,7 +31,8 @@ TEST(CommandLine, saysWhatTheProgramWasStartedFor)
     EXPECT_EQ(parse({u"--explain"_s, u"--assume-lightroom-frontmost"_s}),
               (CommandLine{LaunchMode::explain, OutputFormat::text, {}, true}));
     EXPECT_EQ(parse({u"--install-plugin"_s})->mode, LaunchMode::installPlugin);
-    for (const QStringList &wrong : {QStringList{u"--nonsense"_s}, {u"--prompt"_s}, {u"stray"_s}}) {
+    for (const QStringList &wrong :
+         {QStringList{u"--nonsense"_s}, {u"--prompt"_s}, {u"stray"_s}, {u"--terminal"_s, u"--prompt=a"_s}}) {
         const auto result = parse(wrong);
         ASSERT_FALSE(result.has_value()) << wrong.join(u' ').toStdString();
         EXPECT_EQ(result.error().count(u'\n'), 0);

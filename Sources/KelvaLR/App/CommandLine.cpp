@@ -58,8 +58,15 @@ std::expected<CommandLine, QString> CommandLine::parse(const QStringList &argume
         {options.terminal, LaunchMode::terminal}, {options.prompt, LaunchMode::prompts},
     };
     for (const auto &[option, mode] : modes) {
-        if (parser.isSet(option)) {
-            line.mode = mode;
+        if (!parser.isSet(option)) {
+            continue;
+        }
+        if (line.mode != LaunchMode::window) {
+            return std::unexpected(
+                u"Give only one of --explain, --install-plugin, --terminal and --prompt."_s);
+        }
+        line.mode = mode;
+        if (mode == LaunchMode::help || mode == LaunchMode::version) {
             break;
         }
     }
