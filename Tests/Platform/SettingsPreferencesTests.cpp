@@ -1,0 +1,49 @@
+#include "Platform/Linux/SettingsPreferences.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using enum Preference;
+
+TEST(SettingsPreferences, beginWithTheDefaultsAndSurviveARestart)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"new/KelvaLR.ini"_s);
+    {
+        SettingsPreferences preferences(file);
+        EXPECT_TRUE(preferences.isOn(startInQuietMode));
+        EXPECT_FALSE(preferences.isOn(readResponsesAloud));
+        EXPECT_FALSE(preferences.isOn(allowComputerControl));
+        preferences.setOn(startInQuietMode, false);
+        preferences.setOn(allowComputerControl, true);
+        EXPECT_TRUE(preferences.isOn(allowComputerControl));
+    }
+    const SettingsPreferences preferences(file);
+    EXPECT_FALSE(preferences.isOn(startInQuietMode));
+    EXPECT_FALSE(preferences.isOn(readResponsesAloud));
+    EXPECT_TRUE(preferences.isOn(allowComputerControl));
+}
+
+TEST(SettingsPreferences, aValueThatIsNoBooleanIsNoConsent)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"KelvaLR.ini"_s));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("[General]\nallowComputerControl=maybe\nreadResponsesAloud=@Invalid(\nstartInQuietMode=0\n");
+    file.close();
+    const SettingsPreferences preferences(file.fileName());
+    EXPECT_FALSE(preferences.isOn(allowComputerControl));
+    EXPECT_FALSE(preferences.isOn(readResponsesAloud));
+    EXPECT_TRUE(preferences.isOn(startInQuietMode));
+}
+
+} // namespace
+
+} // namespace KelvaLR
