@@ -5,7 +5,7 @@ kelvalr=$1
 standin=$2
 work=$(mktemp -d)
 export HOME=$work/home LC_ALL=C.UTF-8
-unset XDG_DATA_HOME KELVALR_OPENAI_API_KEY OPENAI_API_KEY
+unset XDG_DATA_HOME KELVALR_OPENAI_API_KEY OPENAI_API_KEY OPENAI_BASE_URL
 mkdir -p "$HOME"
 standin_pid=
 failures=0

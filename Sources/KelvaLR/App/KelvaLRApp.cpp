@@ -1,15 +1,16 @@
 #include "App/KelvaLRApp.h"
 
-namespace KelvaLR {
+#include "Support/ProductConfiguration.h"
 
-using namespace Qt::StringLiterals;
+namespace KelvaLR {
 
 KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
     : m_automation(m_accessibility, m_inputEvents, m_applications)
     , m_lightroomService(m_applications, m_accessibility, m_lightroomMenus, m_automation,
                          LightroomPluginInstaller(), {}, {}, diagnostics)
     , m_computerUseService(m_lightroomService, m_automation, m_applications)
-    , m_assistantProvider(u"KELVALR_OPENAI_API_KEY"_s)
+    , m_assistantProvider(OpenAIAccess(ProductConfiguration::current().openAIEnvironmentKeyName,
+                                       qEnvironmentVariable("OPENAI_BASE_URL")))
     , m_assistantActions(m_lightroomService, m_computerUseService)
     , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, m_wakePhraseListener,
                m_spokenFeedback, m_lightroomService, m_assistantActions, m_applications})

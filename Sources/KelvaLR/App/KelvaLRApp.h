@@ -6,7 +6,7 @@
 #include "Platform/Unavailable/UnavailableRunningApplications.h"
 #include "Services/Assistant/AssistantActionRunner.h"
 #include "Services/Assistant/IdleRealtimeVoiceService.h"
-#include "Services/Assistant/UnconfiguredAssistantProvider.h"
+#include "Services/Assistant/OpenAIAssistantProvider.h"
 #include "Services/Automation/UIAutomationService.h"
 #include "Services/Lightroom/LightroomService.h"
 #include "Services/Lightroom/MacComputerUseService.h"
@@ -39,8 +39,8 @@ private:
     LightroomService m_lightroomService;
     MacComputerUseService m_computerUseService;
 
-    IdleRealtimeVoiceService m_realtimeVoiceService;
-    UnconfiguredAssistantProvider m_assistantProvider;
+    IdleRealtimeVoiceService m_realtimeVoiceService{DebugLog()};
+    OpenAIAssistantProvider m_assistantProvider;
     AssistantActionRunner m_assistantActions;
     DeafWakePhraseListener m_wakePhraseListener;
     SilentSpokenFeedback m_spokenFeedback;

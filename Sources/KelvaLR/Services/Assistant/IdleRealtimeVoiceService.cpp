@@ -2,6 +2,11 @@
 
 namespace KelvaLR {
 
+IdleRealtimeVoiceService::IdleRealtimeVoiceService(DebugLog log)
+    : m_log(std::move(log))
+{
+}
+
 bool IdleRealtimeVoiceService::isActive() const
 {
     return false;
@@ -24,6 +29,9 @@ QCoro::Task<> IdleRealtimeVoiceService::setVoiceMode(RealtimeSessionKind)
 
 void IdleRealtimeVoiceService::finishLocalFeedbackAndScheduleIdleDisconnect() {}
 
-void IdleRealtimeVoiceService::writeLog(const QString &) {}
+void IdleRealtimeVoiceService::writeLog(const QString &message)
+{
+    m_log.write(message);
+}
 
 } // namespace KelvaLR

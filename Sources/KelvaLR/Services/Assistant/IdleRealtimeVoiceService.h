@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Services/Assistant/RealtimeVoiceService.h"
+#include "Support/DebugLog.h"
 
 namespace KelvaLR {
 
@@ -8,12 +9,17 @@ namespace KelvaLR {
 class IdleRealtimeVoiceService final : public RealtimeVoiceService
 {
 public:
+    explicit IdleRealtimeVoiceService(DebugLog log);
+
     bool isActive() const override;
     QCoro::Task<> start(RealtimeSessionKind kind) override;
     QCoro::Task<> stop() override;
     QCoro::Task<> setVoiceMode(RealtimeSessionKind kind) override;
     void finishLocalFeedbackAndScheduleIdleDisconnect() override;
     void writeLog(const QString &message) override;
+
+private:
+    DebugLog m_log;
 };
 
 } // namespace KelvaLR

@@ -1,0 +1,129 @@
+#include "Services/Assistant/OpenAIAssistantProvider.h"
+
+#include "Services/Assistant/AssistantReplyDecoder.h"
+#include "Support/OrderedJsonObject.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QNetworkReply>
+
+#include <algorithm>
+
+namespace KelvaLR {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView model("gpt-4o");
+
+/// The fixed text that obliges the service to answer with one JSON object.
+QString systemPrompt()
+{
+    QFile file(u":/assistant/chat-system-prompt.txt"_s);
+    [[maybe_unused]] const bool isOpen = file.open(QFile::ReadOnly);
+    Q_ASSERT(isOpen);
+    return QString::fromUtf8(file.readAll());
+}
+
+QJsonObject chatMessage(QLatin1StringView role, const QString &content)
+{
+    return {{"role"_L1, role}, {"content"_L1, content}};
+}
+
+QByteArray requestBody(const QString &prompt)
+{
+    return OrderedJsonObject()
+        .add("model"_L1, QJsonValue(model))
+        .add("messages"_L1,
+             QJsonArray{chatMessage("system"_L1, systemPrompt()), chatMessage("user"_L1, prompt)})
+        .add("response_format"_L1, QJsonObject{{"type"_L1, "json_object"_L1}})
+        .toJson();
+}
+
+/// A line break in the key would begin a header of its own.
+bool isFitForHeader(QStringView key)
+{
+    return std::ranges::none_of(key, [](QChar c) { return c.category() == QChar::Other_Control; });
+}
+
+QNetworkRequest chatRequest(const QUrl &address, const QString &apiKey)
+{
+    QNetworkRequest request(address);
+    request.setRawHeader("Authorization", "Bearer " + apiKey.toUtf8());
+    request.setRawHeader("Content-Type", "application/json");
+    return request;
+}
+
+std::expected<QString, OpenAIProviderError> textOutput(const HttpReply &reply)
+{
+    using Ending = HttpReply::Ending;
+    switch (reply.ending) {
+    case Ending::timedOut:
+        return std::unexpected(OpenAIProviderError::apiError(u"The request timed out."_s));
+    case Ending::tooLarge:
+    case Ending::notHttp:
+        return std::unexpected(OpenAIProviderError::invalidResponse());
+    case Ending::failed:
+        return std::unexpected(OpenAIProviderError::apiError(reply.failure));
+    case Ending::received:
+        break;
+    }
+    if (reply.status < 200 || reply.status > 299) {
+        return std::unexpected(OpenAIProviderError::apiError(u"HTTP %1"_s.arg(reply.status)));
+    }
+    return chatTextOutput(reply.body);
+}
+
+} // namespace
+
+OpenAIAssistantProvider::OpenAIAssistantProvider(OpenAIAccess access, HttpLimits limits)
+    : m_access(std::move(access))
+    , m_limits(limits)
+{
+}
+
+OpenAIAssistantProvider::~OpenAIAssistantProvider()
+{
+    // A reply that dies with its manager never finishes, and the coroutine that waits for it would leak.
+    for (QNetworkReply *reply : m_network.findChildren<QNetworkReply *>()) {
+        reply->abort();
+    }
+}
+
+AssistantProviderKind OpenAIAssistantProvider::kind() const
+{
+    return AssistantProviderKind::openAI;
+}
+
+// Neither coroutine touches `this` once it has waited.
+QCoro::Task<AssistantResponse> OpenAIAssistantProvider::respond(AssistantRequest request)
+{
+    const std::optional<QString> apiKey = m_access.apiKey();
+    if (!apiKey) {
+        co_return assistantMessage(
+            u"OpenAI is not configured. Add `%1` to `.env.local` for local development."_s.arg(
+                m_access.environmentKeyName()));
+    }
+    const TextOutput output = co_await createResponse(request.prompt, *apiKey);
+    co_return output ? decodeAssistantReply(*output)
+                     : assistantMessage(u"OpenAI request failed: "_s + output.error().description);
+}
+
+QCoro::Task<OpenAIAssistantProvider::TextOutput> OpenAIAssistantProvider::createResponse(QString prompt,
+                                                                                         QString apiKey)
+{
+    const std::expected<QUrl, QString> address = m_access.address("chat/completions"_L1);
+    if (!address) {
+        co_return std::unexpected(OpenAIProviderError::apiError(address.error()));
+    }
+    if (!isFitForHeader(apiKey)) {
+        co_return std::unexpected(
+            OpenAIProviderError::apiError(u"The API key holds a character that cannot be sent."_s));
+    }
+    co_return textOutput(
+        co_await postOverHttp(m_network, chatRequest(*address, apiKey), requestBody(prompt), m_limits));
+}
+
+} // namespace KelvaLR

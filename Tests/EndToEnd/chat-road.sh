@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# A request in free words goes to the chat service, and the action of its reply changes the photo.
+# shellcheck source=Tests/EndToEnd/support.sh
+source "$(dirname "$0")/support.sh"
+
+cat >"$work/reply" <<'REPLY'
+```json
+{"message": "A warm, faded look.",
+ "action": {"type": "lr_adjust_sliders", "text": "Temp:600:1;Blacks:18:0;Contrast:-12:0"},
+ "artifact": {"kind": "markdown", "title": "Warm and faded", "body": "- warmer\\n- lifted blacks"}}
+```
+REPLY
+"$(dirname "$0")/chat-server.py" "$work/reply" >"$work/port" 2>"$work/requests" &
+chat_server=$!
+trap 'kill "$chat_server"; cleanup' EXIT
+for _ in $(seq 100); do
+    [ -s "$work/port" ] && break
+    sleep 0.05
+done
+OPENAI_BASE_URL=http://127.0.0.1:$(cat "$work/port")/v1
+export OPENAI_BASE_URL
+
+"$kelvalr" --install-plugin >/dev/null
+"$standin" --sample-photos "$work/photos"
+start_standin --photos "$work/photos"
+first=$(find "$work/photos" -name '*.jpg' | sort | head -n 1)
+sidecar=${first%.jpg}.xmp
+temperature() { xmp "$sidecar" Xmp.crs.Temperature; }
+
+# The key stands in a file of the working directory, as for local development.
+cd "$work"
+echo 'KELVALR_OPENAI_API_KEY="test-key"' >.env.local
+answer=$("$kelvalr" --prompt "give this a warm, faded look")
+expect "answer" "> give this a warm, faded look
+A warm, faded look.
+  [Warm and faded, ready]
+    - warmer
+    - lifted blacks
+Lightroom Classic: Adjusted 3 sliders on 1 photo" "$answer"
+expect "contrast" "-12" "$(xmp "$sidecar" Xmp.crs.Contrast2012)"
+expect "blacks" "+18" "$(xmp "$sidecar" Xmp.crs.Blacks2012)"
+[ -n "$(temperature)" ] || expect "temperature in the sidecar" "a value" ""
+expect "prompts that were sent" 1 "$(grep -c 'give this a warm, faded look' "$work/requests")"
+
+# A key of the environment comes first, and none is ever shown.
+answer=$(KELVALR_OPENAI_API_KEY=wrong-key "$kelvalr" --prompt "give this a warm, faded look" 2>&1 | tail -n 1)
+expect "a key that is refused" "OpenAI request failed: HTTP 401" "$answer"
+
+kill "$chat_server"
+wait "$chat_server" || true
+expect "a service that is gone" "OpenAI request failed: Connection refused" \
+    "$("$kelvalr" --prompt "give this a warm, faded look" | tail -n 1)"
+trap cleanup EXIT
+finish
