@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Platform/Linux/DesktopApplications.h"
 #include "Platform/Unavailable/UnavailableAccessibility.h"
 #include "Platform/Unavailable/UnavailableInputEvents.h"
 #include "Platform/Unavailable/UnavailableLightroomMenus.h"
-#include "Platform/Unavailable/UnavailableRunningApplications.h"
 #include "Services/Assistant/AssistantActionRunner.h"
 #include "Services/Assistant/IdleRealtimeVoiceService.h"
 #include "Services/Assistant/OpenAIAssistantProvider.h"
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] const LightroomService &lightroomService() const { return m_lightroomService; }
 
 private:
-    UnavailableRunningApplications m_applications;
+    DesktopApplications m_applications;
     UnavailableAccessibility m_accessibility;
     UnavailableInputEvents m_inputEvents;
     UnavailableLightroomMenus m_lightroomMenus;

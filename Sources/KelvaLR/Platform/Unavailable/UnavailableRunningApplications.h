@@ -4,8 +4,9 @@
 
 namespace KelvaLR {
 
-/// For a system whose applications this build cannot list: none runs, none is installed.
-class UnavailableRunningApplications final : public RunningApplications
+/// For a system whose applications this build cannot list: none runs, none is installed. An adapter that knows
+/// a part of its system derives from it and overrides that part.
+class UnavailableRunningApplications : public RunningApplications
 {
 public:
     std::optional<RunningApplication> frontmostApplication() const override;

@@ -1,0 +1,182 @@
+#include "Platform/Linux/DesktopApplications.h"
+
+#include "Support/PrintQt.h"
+#include "Support/WaitForTask.h"
+
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QDir>
+#include <QFile>
+#include <QLocalServer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Testing::waitUntil;
+
+QString contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+enum class Answer { none, error, silence, reply };
+
+/// A file manager that writes down what it is asked to show.
+class RecordingFileManager final : public QDBusVirtualObject
+{
+public:
+    QStringList shown;
+    Answer answer = Answer::reply;
+
+    QString introspect(const QString &) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        EXPECT_EQ(message.interface(), u"org.freedesktop.FileManager1"_s);
+        EXPECT_EQ(message.member(), u"ShowItems"_s);
+        EXPECT_EQ(message.signature(), u"ass"_s);
+        shown += message.arguments().value(0).toStringList();
+        if (answer != Answer::silence) {
+            connection.send(answer == Answer::reply ? message.createReply()
+                                                    : message.createErrorReply(QDBusError::Failed, u"no"_s));
+        }
+        return true;
+    }
+};
+
+/// A session bus of its own, a file manager on it, and an xdg-open that writes down what it is given.
+class DesktopApplicationsTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QFile script(m_folder.filePath(u"xdg-open"_s));
+        ASSERT_TRUE(script.open(QFile::WriteOnly));
+        script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >>\"$0.log\"\necho noise\necho noise >&2\n");
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("PATH", QFile::encodeName(m_folder.path()) + ':' + m_path);
+
+        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s,
+                                          u"--address=unix:path=%1"_s.arg(m_folder.filePath(u"bus"_s))});
+        ASSERT_TRUE(waitUntil([this] { return m_daemon.canReadLine(); }));
+        m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
+        ASSERT_TRUE(
+            connect(u"server"_s).registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &m_fileManager));
+    }
+
+    void TearDown() override
+    {
+        QDBusConnection::disconnectFromBus(u"client"_s);
+        QDBusConnection::disconnectFromBus(u"server"_s);
+        qputenv("PATH", m_path);
+        m_daemon.kill();
+        EXPECT_TRUE(waitUntil([this] { return m_daemon.state() == QProcess::NotRunning; }));
+    }
+
+    [[nodiscard]] QDBusConnection connect(const QString &name) const
+    {
+        return QDBusConnection::connectToBus(m_address, name);
+    }
+
+    void setAnswer(Answer answer)
+    {
+        const QString service = u"org.freedesktop.FileManager1"_s;
+        m_fileManager.answer = answer;
+        QDBusConnection server(u"server"_s);
+        server.unregisterService(service);
+        EXPECT_TRUE(answer == Answer::none || server.registerService(service));
+    }
+
+    [[nodiscard]] QString opened() const { return contents(m_folder.filePath(u"xdg-open.log"_s)); }
+
+    QTemporaryDir m_folder;
+    RecordingFileManager m_fileManager;
+    const DesktopApplications::SessionBus m_client = [this] { return connect(u"client"_s); };
+
+private:
+    const QByteArray m_path = qgetenv("PATH");
+    QProcess m_daemon;
+    QString m_address;
+};
+
+TEST_F(DesktopApplicationsTest, showTheFolderOrItsNearestParentSelectedInTheFileManager)
+{
+    const QString odd = m_folder.filePath(u"Plug ins #1 é"_s);
+    ASSERT_TRUE(QDir().mkpath(odd));
+    const QString url = u"file://%1/Plug%20ins%20%231%20%C3%A9"_s.arg(m_folder.path());
+
+    DesktopApplications applications(m_client);
+    setAnswer(Answer::reply);
+    for (const QString &asked : QStringList{odd, odd + u"/", odd + u"/none/at all"}) {
+        applications.reveal(asked);
+        EXPECT_TRUE(waitUntil([this] { return !m_fileManager.shown.isEmpty(); }));
+        EXPECT_EQ(m_fileManager.shown, QStringList(url)) << asked.toStdString();
+        m_fileManager.shown.clear();
+    }
+
+    // The first folder that is opened is the one that no file manager shows.
+    setAnswer(Answer::none);
+    applications.reveal(odd);
+    EXPECT_TRUE(waitUntil([this] { return opened().endsWith(u'\n'); }));
+    EXPECT_EQ(opened(), m_folder.path() + u'\n');
+}
+
+TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAnswers)
+{
+    QLocalServer hangingBus;
+    ASSERT_TRUE(hangingBus.listen(m_folder.filePath(u"hanging"_s)));
+    const auto connectToHangingBus = [path = hangingBus.fullServerName()] {
+        return QDBusConnection::connectToBus(u"unix:path="_s + path, u"hanging"_s);
+    };
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    qunsetenv("DISPLAY");
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path() + u"/none"));
+
+    struct Row
+    {
+        const char *name;
+        DesktopApplications::SessionBus bus;
+        Answer answer;
+        bool isWaitedFor;
+    };
+
+    const std::vector<Row> rows{
+        {"no bus", &QDBusConnection::sessionBus, Answer::none, false},
+        {"no file manager", m_client, Answer::none, false},
+        {"a file manager that fails", m_client, Answer::error, false},
+        {"a file manager that hangs", m_client, Answer::silence, true},
+        {"a bus that hangs", connectToHangingBus, Answer::none,
+         true}, // last: it keeps the thread in which all buses are connected
+    };
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        setAnswer(row.answer);
+        QFile::remove(m_folder.filePath(u"xdg-open.log"_s));
+        int ticks = 0;
+        QTimer ticking;
+        ticking.callOnTimeout([&ticks] { ++ticks; });
+        ticking.start(10ms);
+
+        DesktopApplications(row.bus, row.isWaitedFor ? 300ms : 20s).reveal(m_folder.filePath(u"none"_s));
+        EXPECT_TRUE(waitUntil([this] { return opened().endsWith(u'\n'); }, 10s));
+        EXPECT_EQ(opened(), QDir::tempPath() + u'\n');
+        EXPECT_TRUE(!row.isWaitedFor || ticks > 10) << "the event loop stood still";
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+} // namespace
+
+} // namespace KelvaLR
