@@ -1,6 +1,8 @@
 #pragma once
 
+#include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/DesktopApplications.h"
+#include "Platform/Linux/SettingsPreferences.h"
 #include "Platform/Unavailable/UnavailableAccessibility.h"
 #include "Platform/Unavailable/UnavailableInputEvents.h"
 #include "Platform/Unavailable/UnavailableLightroomMenus.h"
@@ -27,9 +29,14 @@ public:
 
     [[nodiscard]] AppModel &model() { return m_model; }
 
-    [[nodiscard]] const LightroomService &lightroomService() const { return m_lightroomService; }
+    [[nodiscard]] AppIntentRouter &intentRouter() { return m_intentRouter; }
+
+    [[nodiscard]] Preferences &preferences() { return m_preferences; }
+
+    [[nodiscard]] LightroomService &lightroomService() { return m_lightroomService; }
 
 private:
+    SettingsPreferences m_preferences;
     DesktopApplications m_applications;
     UnavailableAccessibility m_accessibility;
     UnavailableInputEvents m_inputEvents;
@@ -46,6 +53,7 @@ private:
     SilentSpokenFeedback m_spokenFeedback;
 
     AppModel m_model;
+    AppIntentRouter m_intentRouter;
 };
 
 } // namespace KelvaLR

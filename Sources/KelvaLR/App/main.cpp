@@ -5,6 +5,7 @@
 #include "App/KelvaLRApp.h"
 #include "App/PromptSession.h"
 #include "App/StandardInputLines.h"
+#include "App/WindowMode.h"
 #include "Services/Lightroom/LightroomPluginInstaller.h"
 #include "Support/DetachedTask.h"
 
@@ -82,7 +83,7 @@ int runConversation(const CommandLine &line)
     return app.lightroomService().isPluginInstalled() ? status : 1;
 }
 
-int run(const CommandLine &line)
+int runWithoutWindow(const CommandLine &line)
 {
     switch (line.mode) {
     case LaunchMode::help:
@@ -101,23 +102,34 @@ int run(const CommandLine &line)
     case LaunchMode::window:
         break;
     }
-    print(stderr,
-          u"kelvalr: This build has no window yet. Use --prompt TEXT or --terminal; --help lists all.\n"_s);
     return 1;
+}
+
+QStringList decoded(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return arguments;
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"KelvaLR"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(KELVALR_VERSION));
 
-    const auto line = CommandLine::parse(QCoreApplication::arguments());
+    // Which kind of application object is made depends on the arguments.
+    const auto line = CommandLine::parse(decoded(argc, argv));
     if (!line) {
         print(stderr, u"kelvalr: %1\n"_s.arg(line.error()));
         return 2;
     }
-    return run(*line);
+    if (line->mode == LaunchMode::window) {
+        return runWindow(argc, argv);
+    }
+    const QCoreApplication application(argc, argv);
+    return runWithoutWindow(*line);
 }

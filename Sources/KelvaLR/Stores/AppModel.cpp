@@ -58,6 +58,11 @@ void AppModel::applyIntentRoute(const AppIntentRoute &route)
         return;
     }
     setPromptText(*route.prefilledPrompt);
+    requestPromptFocus();
+}
+
+void AppModel::requestPromptFocus()
+{
     m_shouldFocusPrompt = !m_shouldFocusPrompt;
     Q_EMIT shouldFocusPromptChanged();
 }

@@ -111,6 +111,8 @@ public:
     Q_INVOKABLE void submitPrompt();
     /// Empties the conversation and the artifacts and stops the realtime session; imported photos stay.
     Q_INVOKABLE void startNewSession();
+    /// Asks the composer to take keyboard focus.
+    void requestPromptFocus();
     /// Shows what a system action asks for; a prefilled prompt waits in the composer, nothing is submitted.
     void applyIntentRoute(const AppIntentRoute &route);
     /// Records a result in the voice reply message, shows its artifact and reads it aloud.

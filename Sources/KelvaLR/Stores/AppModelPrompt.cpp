@@ -67,8 +67,7 @@ QCoro::Task<> AppModel::testConnection()
     if (!self) {
         co_return;
     }
-    appendAssistantMessage(isConnected ? u"Connected to Lightroom Classic plugin."_s
-                                       : NotConnected::howToConnect());
+    appendAssistantMessage(isConnected ? connectedToPlugin() : NotConnected::howToConnect());
 }
 
 QCoro::Task<> AppModel::executeCommand(QString text)

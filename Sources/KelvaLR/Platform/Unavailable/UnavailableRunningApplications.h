@@ -4,8 +4,8 @@
 
 namespace KelvaLR {
 
-/// For a system whose applications this build cannot list: none runs, none is installed. An adapter that knows
-/// a part of its system derives from it and overrides that part.
+/// For a system whose applications this build cannot list: none runs, none is installed. An adapter that
+/// knows a part of its system derives from it and overrides that part.
 class UnavailableRunningApplications : public RunningApplications
 {
 public:

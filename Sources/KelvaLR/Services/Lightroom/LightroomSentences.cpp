@@ -10,6 +10,11 @@ namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
 
+QString connectedToPlugin()
+{
+    return u"Connected to Lightroom Classic plugin."_s;
+}
+
 namespace {
 
 constexpr QLatin1StringView notConnected("Lightroom Classic plugin is not connected");

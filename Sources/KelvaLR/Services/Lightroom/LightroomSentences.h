@@ -8,6 +8,9 @@ namespace KelvaLR {
 
 struct UIAutomationResult;
 
+/// What the user is told when the plug-in answers a connection test.
+[[nodiscard]] QString connectedToPlugin();
+
 /// What the user is told when the plug-in cannot be reached.
 namespace NotConnected {
 

@@ -1,4 +1,4 @@
-#include "Views/IconProvider.h"
+#include "Views/Icons/IconProvider.h"
 
 #include <QColor>
 #include <QPainter>

@@ -1,0 +1,51 @@
+#include "App/WindowMode.h"
+
+#include "App/KelvaLRApp.h"
+#include "Platform/Linux/DesktopAppearance.h"
+#include "Views/MainWindowHost.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <cstdio>
+
+namespace KelvaLR {
+
+namespace {
+
+/// The toolkit ends the program when it finds no display; a user is told what to do instead.
+bool hasDisplay()
+{
+    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(variable)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+int runWindow(int &argumentCount, char **arguments)
+{
+    if (!hasDisplay()) {
+        std::fputs(
+            "kelvalr: There is no display for the window. Use --prompt TEXT or --terminal; --help lists "
+            "all.\n",
+            stderr);
+        return 1;
+    }
+    const QGuiApplication application(argumentCount, arguments);
+    KelvaLRApp app(stderr);
+    DesktopAppearance appearance;
+    const MainWindowHost host(
+        {app.model(), app.intentRouter(), app.preferences(), app.lightroomService(), appearance});
+    if (!host.window()) {
+        return 1;
+    }
+    host.window()->show();
+    host.window()->requestActivate();
+    return QGuiApplication::exec();
+}
+
+} // namespace KelvaLR

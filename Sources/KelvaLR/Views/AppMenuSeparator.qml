@@ -1,0 +1,10 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// The line between two groups of menu items.
+MenuSeparator {
+    padding: 6
+    contentItem: Hairline {}
+}

@@ -1,0 +1,17 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+/// The ring around a control that has keyboard focus.
+Rectangle {
+    required property T.Control control
+
+    anchors.fill: parent
+    anchors.margins: -2 * Theme.focusRing
+    radius: height / 2
+    color: "transparent"
+    border.width: Theme.focusRing
+    border.color: Theme.accent
+    visible: control.visualFocus
+}

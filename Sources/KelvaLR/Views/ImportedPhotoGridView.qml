@@ -1,0 +1,76 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import KelvaLR
+
+/// The tray: all imported photos in a grid as tall as they need. Only the cells in sight exist: the grid itself
+/// is no taller than the viewport and moves along with it.
+Item {
+    id: root
+
+    required property ImportedPhotoListModel photos
+    /// Where the viewport of the surrounding view begins, in this item's coordinates, and how tall it is.
+    required property real viewportY
+    required property real viewportHeight
+
+    readonly property int pitch: 74
+    readonly property int columns: Math.max(1, Math.floor((width + 10) / pitch))
+    readonly property real gridHeight: Math.ceil(photos.count / columns) * pitch - 10
+
+    implicitHeight: grid.y + gridHeight
+
+    Caption {
+        id: caption
+
+        text: qsTr("Imported Photos")
+        width: parent.width
+    }
+    Item {
+        id: grid
+
+        y: caption.height + 2 * Theme.unit
+        width: parent.width
+        height: root.gridHeight
+
+        GridView {
+            id: cells
+
+            readonly property real limit: Math.max(0, grid.height + 10 - height)
+
+            y: Math.max(0, Math.min(root.viewportY - grid.y, limit))
+            width: root.columns * root.pitch
+            height: Math.min(root.viewportHeight + root.pitch, grid.height + 10)
+            contentY: y
+            interactive: false
+            cellWidth: root.pitch
+            cellHeight: root.pitch
+            cacheBuffer: 2 * root.pitch
+            reuseItems: false // Qt 6.4 leaves a removed cell in place when it reuses cells
+            model: root.photos
+            keyNavigationEnabled: true
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Imported Photos")
+
+            delegate: Item {
+                id: cell
+
+                required property int index
+                required property string displayName
+                required property url thumbnail
+                required property bool isSelected
+
+                width: root.pitch
+                height: root.pitch
+
+                ImportedPhotoThumbnail {
+                    index: cell.index
+                    displayName: cell.displayName
+                    thumbnail: cell.thumbnail
+                    isSelected: cell.isSelected
+                    onChosen: modifiers => root.photos.select(cell.index, modifiers)
+                    onRemoved: root.photos.remove(cell.index)
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,126 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// One cell of the tray.
+AbstractButton {
+    id: root
+
+    required property int index
+    required property string displayName
+    required property url thumbnail
+    required property bool isSelected
+
+    readonly property bool isActive: hovered || visualFocus
+
+    signal chosen(modifiers: int)
+    signal removed
+
+    implicitWidth: 64
+    implicitHeight: 64
+    hoverEnabled: true
+    focusPolicy: Qt.TabFocus
+    checkable: false
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: root.displayName
+    Accessible.checkable: true
+    Accessible.checked: root.isSelected
+    Accessible.onPressAction: root.chosen(Qt.ControlModifier)
+    Accessible.onToggleAction: root.chosen(Qt.ControlModifier)
+    Keys.onDeletePressed: root.removed()
+    Keys.onSpacePressed: event => root.chosen(event.modifiers)
+    Keys.onReturnPressed: event => root.chosen(event.modifiers)
+
+    background: FocusRing {
+        control: root
+        anchors.margins: -4
+        radius: Theme.cellRadius + 4
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.cellRadius
+        color: Theme.control
+
+        Symbol {
+            anchors.centerIn: parent
+            name: "photo"
+            size: 22
+            color: Theme.secondaryText
+            visible: picture.status !== Image.Ready
+        }
+    }
+    Image {
+        id: picture
+
+        anchors.fill: parent
+        source: root.thumbnail
+        sourceSize.width: 64
+        sourceSize.height: 64
+        asynchronous: true
+        cache: false
+        Accessible.ignored: true
+    }
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.cellRadius
+        color: "transparent"
+        border.width: root.isSelected ? 3 : 1
+        border.color: root.isSelected ? Theme.accent : Theme.hairline
+    }
+    Rectangle {
+        x: 4
+        y: 4
+        width: 17
+        height: 17
+        radius: height / 2
+        color: Theme.accent
+        visible: root.isSelected
+
+        Symbol {
+            anchors.centerIn: parent
+            name: "checkmark"
+            size: 11
+            color: Theme.accentText
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        onClicked: mouse => root.chosen(mouse.modifiers)
+    }
+    AbstractButton {
+        id: removeButton
+
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 4
+        width: 17
+        height: 17
+        padding: 0
+        hoverEnabled: true
+        focusPolicy: Qt.NoFocus
+        opacity: root.isActive || hovered ? 1 : 0
+        onClicked: root.removed()
+        Accessible.role: Accessible.Button
+        Accessible.name: qsTr("Remove %1 from tray").arg(root.displayName)
+        Accessible.onPressAction: root.removed()
+
+        background: Rectangle {
+            radius: height / 2
+            color: Theme.scrim
+        }
+        contentItem: Item {
+            Symbol {
+                anchors.centerIn: parent
+                name: "xmark"
+                size: 9
+                color: Theme.accentText
+            }
+        }
+        HelpTip {
+            visible: removeButton.hovered
+            text: qsTr("Remove from tray")
+        }
+    }
+}

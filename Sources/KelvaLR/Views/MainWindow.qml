@@ -1,0 +1,118 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import KelvaLR
+
+/// The main window: menus and the artifact button in one row, the content below.
+ApplicationWindow {
+    id: root
+
+    required property ConversationViewModel conversation
+    required property ArtifactViewModel artifact
+    required property SettingsViewModel settings
+    required property AppearanceViewModel appearance
+
+    width: minimumWidth
+    height: minimumHeight
+    minimumWidth: 1120
+    minimumHeight: 720 + header.height
+    title: qsTr("KelvaLR")
+    color: Theme.window
+    font.family: Theme.fontFamily
+
+    Binding {
+        target: Theme
+        property: "isDark"
+        value: root.appearance.isDark
+    }
+    Binding {
+        target: Theme
+        property: "isMotionReduced"
+        value: root.appearance.isMotionReduced
+    }
+
+    header: Item {
+        implicitHeight: 41
+
+        AppMenuBar {
+            x: 8
+            anchors.verticalCenter: parent.verticalCenter
+
+            AppMenu {
+                title: qsTr("File")
+
+                Action {
+                    text: qsTr("New Session")
+                    shortcut: "Ctrl+N"
+                    onTriggered: root.conversation.startNewSession()
+                }
+                Action {
+                    text: qsTr("Settings...")
+                    shortcut: "Ctrl+,"
+                    onTriggered: settingsLoader.open()
+                }
+                AppMenuSeparator {}
+                Action {
+                    text: qsTr("Quit")
+                    shortcut: "Ctrl+Q"
+                    onTriggered: Qt.quit()
+                }
+            }
+            AppMenu {
+                title: qsTr("Assistant")
+
+                Action {
+                    text: qsTr("Focus Prompt")
+                    shortcut: "Ctrl+L"
+                    onTriggered: root.conversation.focusPrompt()
+                }
+                AppMenuSeparator {}
+                Action {
+                    text: qsTr("Enable Voice")
+                    shortcut: "Shift+Ctrl+V"
+                    onTriggered: root.conversation.enableVoice()
+                }
+                Action {
+                    text: qsTr("Enable Quiet")
+                    shortcut: "Shift+Ctrl+Q"
+                    onTriggered: root.conversation.enableQuiet()
+                }
+            }
+        }
+        ToolbarIcon {
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            systemName: content.isArtifactVisible ? "arrow.down.right.and.arrow.up.left" : "arrow.up.left.and.arrow.down.right"
+            help: content.isArtifactVisible ? qsTr("Collapse Artifact") : qsTr("Expand Artifact")
+            onClicked: content.isArtifactVisible = !content.isArtifactVisible
+        }
+        Hairline {
+            anchors.bottom: parent.bottom
+            width: parent.width
+        }
+    }
+
+    ContentView {
+        id: content
+
+        anchors.fill: parent
+        conversation: root.conversation
+        artifact: root.artifact
+    }
+
+    Loader {
+        id: settingsLoader
+
+        function open(): void {
+            if (status === Loader.Null) {
+                setSource("SettingsWindow.qml", { model: root.settings, transientParent: root });
+            }
+            const window = item as SettingsWindow;
+            window.show();
+            window.raise();
+            window.requestActivate();
+        }
+    }
+}

@@ -1,0 +1,133 @@
+#include "Views/MainWindowFixture.h"
+
+#include <QDropEvent>
+#include <QFile>
+#include <QMimeData>
+
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ArtifactAreaTest : public MainWindowTest
+{
+protected:
+    /// Puts photos with these names into the tray; none of them is selected.
+    void importPhotos(const QStringList &names)
+    {
+        for (const QString &name : names) {
+            QFile file(photos.filePath(name + u".jpg"_s));
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        }
+        lightroom.plugin.answer(ScriptedPlugin::successReply(u"Imported photos from folder"_s));
+        host->conversation().importFolders({QUrl::fromLocalFile(photos.path())});
+        ASSERT_TRUE(waitUntil([&] { return model->importedPhotos().size() == names.size(); }));
+        ASSERT_TRUE(waitUntil([&] { return control(names.constLast()) != nullptr; }));
+    }
+
+    void drop(const QList<QUrl> &places)
+    {
+        QMimeData data;
+        data.setUrls(places);
+        const QPoint target = place(u"Lightroom Output"_s).center();
+        QDragEnterEvent enter(target, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window(), &enter);
+        QDropEvent drop(target, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window(), &drop);
+    }
+
+    [[nodiscard]] QStringList selectedNames() const
+    {
+        QStringList names;
+        for (const ImportedPhotoAsset &photo : model->selectedImportedPhotos()) {
+            names.append(photo.displayName);
+        }
+        return names;
+    }
+
+    QTemporaryDir photos;
+};
+
+TEST_F(ArtifactAreaTest, waitsAndThenShowsTheLatestReply)
+{
+    EXPECT_TRUE(shows(u"Waiting for Response"_s));
+    EXPECT_TRUE(shows(u"Type a request, or drop a folder of photos here."_s));
+    submit(u"hello"_s);
+    EXPECT_TRUE(willShow(u"Realtime Output"_s));
+    EXPECT_TRUE(shows(u"Hello."_s));
+    EXPECT_TRUE(shows(u"Assistant Response"_s));
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_TRUE(willShow(u"Waiting for Response"_s));
+    EXPECT_FALSE(shows(u"Hello."_s));
+}
+
+TEST_F(ArtifactAreaTest, showsTheArtifactAndAboveItAReplyThatIsNewer)
+{
+    assistant.response.artifacts = {Artifact::make(ArtifactKind::progress, u"Look"_s, ArtifactStatus::running,
+                                                   u"# Warm\n- **one** two"_s)};
+    submit(u"hello"_s);
+    EXPECT_TRUE(willShow(u"Progress"_s));
+    EXPECT_TRUE(shows(u"Running"_s));
+    EXPECT_FALSE(shows(u"Assistant Response"_s));
+    EXPECT_TRUE(shows(u"one two"_s));
+
+    assistant.response.artifacts = {};
+    assistant.response.message =
+        ConversationMessage::make(ConversationRole::assistant, InputMode::quiet, u"A later word."_s);
+    submit(u"and?"_s);
+    EXPECT_TRUE(willShow(u"A later word."_s));
+    EXPECT_TRUE(shows(u"Progress"_s));
+}
+
+TEST_F(ArtifactAreaTest, selectsByClickAndExtendsWithControlAndShift)
+{
+    importPhotos({u"a"_s, u"b"_s, u"c"_s});
+    click(u"b"_s);
+    EXPECT_EQ(selectedNames(), QStringList{u"b"_s});
+    click(u"c"_s, Qt::ControlModifier);
+    click(u"a"_s, Qt::ShiftModifier);
+    EXPECT_EQ(selectedNames(), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
+    click(u"b"_s, Qt::ControlModifier);
+    EXPECT_EQ(selectedNames(), (QStringList{u"a"_s, u"c"_s}));
+    EXPECT_TRUE(control(u"a"_s)->state().checked);
+    EXPECT_FALSE(control(u"b"_s)->state().checked);
+    click(u"b"_s);
+    EXPECT_EQ(selectedNames(), QStringList{u"b"_s});
+}
+
+TEST_F(ArtifactAreaTest, aBatchActsOnTheSelectedPhotosOnly)
+{
+    importPhotos({u"a"_s, u"b"_s, u"c"_s});
+    click(u"a"_s);
+    click(u"c"_s, Qt::ControlModifier);
+    submit(u"rate these 4 stars"_s);
+    EXPECT_EQ(lastCommand().value(u"target_paths"_s).toVariant().toStringList(),
+              (QStringList{photos.filePath(u"a.jpg"_s), photos.filePath(u"c.jpg"_s)}));
+}
+
+TEST_F(ArtifactAreaTest, removesAPhotoFromTheTrayAndKeepsTheTrayInANewSession)
+{
+    importPhotos({u"a"_s, u"b"_s});
+    QTest::mouseMove(&window(), place(u"a"_s).center());
+    click(u"Remove a from tray"_s);
+    EXPECT_EQ(model->importedPhotos().size(), 1);
+    EXPECT_TRUE(waitUntil([&] { return control(u"a"_s) == nullptr; }));
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_NE(control(u"b"_s), nullptr);
+}
+
+TEST_F(ArtifactAreaTest, aDroppedFolderIsImportedAndAFileIsNot)
+{
+    QFile file(photos.filePath(u"a.jpg"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    host->conversation().importFolders(
+        {QUrl::fromLocalFile(file.fileName()), QUrl(u"https://example.com/"_s)});
+    EXPECT_FALSE(model->isResponding());
+    host->conversation().importFolders({QUrl::fromLocalFile(photos.path())});
+    EXPECT_TRUE(model->isResponding());
+    ASSERT_TRUE(waitUntil([&] { return !model->isResponding(); }));
+    EXPECT_EQ(lastCommand().value(u"folder_path"_s).toString(), photos.path());
+}
+
+} // namespace
