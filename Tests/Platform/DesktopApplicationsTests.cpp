@@ -1,14 +1,13 @@
 #include "Platform/Linux/DesktopApplications.h"
 
 #include "Support/PrintQt.h"
-#include "Support/WaitForTask.h"
+#include "Support/PrivateSessionBus.h"
 
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QDir>
 #include <QFile>
 #include <QLocalServer>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -65,27 +64,12 @@ protected:
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv("PATH", QFile::encodeName(m_folder.path()) + ':' + m_path);
 
-        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s,
-                                          u"--address=unix:path=%1"_s.arg(m_folder.filePath(u"bus"_s))});
-        ASSERT_TRUE(waitUntil([this] { return m_daemon.canReadLine(); }));
-        m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
-        ASSERT_TRUE(
-            connect(u"server"_s).registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &m_fileManager));
+        ASSERT_TRUE(m_bus.isUp());
+        ASSERT_TRUE(m_bus.connect(u"server"_s)
+                        .registerVirtualObject(u"/org/freedesktop/FileManager1"_s, &m_fileManager));
     }
 
-    void TearDown() override
-    {
-        QDBusConnection::disconnectFromBus(u"client"_s);
-        QDBusConnection::disconnectFromBus(u"server"_s);
-        qputenv("PATH", m_path);
-        m_daemon.kill();
-        EXPECT_TRUE(waitUntil([this] { return m_daemon.state() == QProcess::NotRunning; }));
-    }
-
-    [[nodiscard]] QDBusConnection connect(const QString &name) const
-    {
-        return QDBusConnection::connectToBus(m_address, name);
-    }
+    void TearDown() override { qputenv("PATH", m_path); }
 
     void setAnswer(Answer answer)
     {
@@ -100,12 +84,11 @@ protected:
 
     QTemporaryDir m_folder;
     RecordingFileManager m_fileManager;
-    const DesktopApplications::SessionBus m_client = [this] { return connect(u"client"_s); };
+    const DesktopApplications::SessionBus m_client = [this] { return m_bus.connect(u"client"_s); };
 
 private:
     const QByteArray m_path = qgetenv("PATH");
-    QProcess m_daemon;
-    QString m_address;
+    Testing::PrivateSessionBus m_bus;
 };
 
 TEST_F(DesktopApplicationsTest, showTheFolderOrItsNearestParentSelectedInTheFileManager)

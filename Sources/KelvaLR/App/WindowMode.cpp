@@ -37,7 +37,7 @@ int runWindow(int &argumentCount, char **arguments)
     }
     const QGuiApplication application(argumentCount, arguments);
     KelvaLRApp app(stderr);
-    DesktopAppearance appearance;
+    DesktopAppearance appearance(DesktopAppearance::sessionBus());
     const MainWindowHost host(
         {app.model(), app.intentRouter(), app.preferences(), app.lightroomService(), appearance});
     if (!host.window()) {

@@ -1,8 +1,8 @@
 #include "Platform/Linux/DesktopAppearance.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -33,19 +33,23 @@ QVariant unwrapped(QVariant value)
 
 } // namespace
 
-DesktopAppearance::DesktopAppearance(QObject *parent)
+DesktopAppearance::DesktopAppearance(QDBusConnection bus, QObject *parent)
     : Appearance(parent)
+    , m_bus(std::move(bus))
 {
-    if (QCoreApplication::instance()) {
-        QCoreApplication::instance()->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this);
+    if (m_bus.isConnected()) {
+        m_bus.connect(portal, portalPath, settings, u"SettingChanged"_s, this,
+                      SLOT(settingChanged(QDBusMessage)));
+        ask(appearanceGroup, colorScheme);
+        ask(interfaceGroup, animations);
     }
-    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) {
-        return; // without a bus, asking for one would start one
-    }
-    QDBusConnection::sessionBus().connect(portal, portalPath, settings, u"SettingChanged"_s, this,
-                                          SLOT(settingChanged(QString, QString, QDBusVariant)));
-    ask(appearanceGroup, colorScheme);
-    ask(interfaceGroup, animations);
+}
+
+QDBusConnection DesktopAppearance::sessionBus()
+{
+    return qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ? QDBusConnection(QString())
+                                                                   : QDBusConnection::sessionBus();
 }
 
 bool DesktopAppearance::isDark() const
@@ -61,9 +65,12 @@ bool DesktopAppearance::eventFilter(QObject *object, QEvent *event)
     return Appearance::eventFilter(object, event);
 }
 
-void DesktopAppearance::settingChanged(const QString &group, const QString &key, const QDBusVariant &value)
+void DesktopAppearance::settingChanged(const QDBusMessage &change)
 {
-    take(group, key, value.variant());
+    const QVariantList arguments = change.arguments();
+    if (arguments.size() == 3) {
+        take(arguments[0].toString(), arguments[1].toString(), arguments[2]);
+    }
 }
 
 void DesktopAppearance::ask(const QString &group, const QString &key)
@@ -71,8 +78,7 @@ void DesktopAppearance::ask(const QString &group, const QString &key)
     QDBusMessage question = QDBusMessage::createMethodCall(portal, portalPath, settings, u"Read"_s);
     question.setAutoStartService(false);
     question << group << key;
-    auto *watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question, answerTime), this);
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question, answerTime), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, group, key] {
         watcher->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *watcher;

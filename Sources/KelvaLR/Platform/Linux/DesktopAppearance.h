@@ -2,8 +2,8 @@
 
 #include "Platform/Appearance.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusVariant>
+#include <QDBusConnection>
+#include <QDBusMessage>
 
 #include <optional>
 
@@ -16,7 +16,11 @@ class DesktopAppearance final : public Appearance
     Q_OBJECT
 
 public:
-    explicit DesktopAppearance(QObject *parent = nullptr);
+    /// @param bus the session bus; one that is not connected is a desktop without a portal
+    explicit DesktopAppearance(QDBusConnection bus, QObject *parent = nullptr);
+
+    /// The bus of this session, not connected where there is none: asking for one then would start one.
+    [[nodiscard]] static QDBusConnection sessionBus();
 
     bool isDark() const override;
 
@@ -26,12 +30,13 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private Q_SLOTS:
-    void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+    void settingChanged(const QDBusMessage &change);
 
 private:
     void ask(const QString &group, const QString &key);
     void take(const QString &group, const QString &key, const QVariant &value);
 
+    QDBusConnection m_bus;
     std::optional<bool> m_isDark; ///< none while the portal has not said
     bool m_isMotionReduced = false;
 };

@@ -1,3 +1,4 @@
+// The main of tests that open windows; they are drawn in memory.
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
