@@ -1,0 +1,52 @@
+#include "Views/Thumbnails/ThumbnailCache.h"
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QImage picture(int side)
+{
+    QImage result(side, side, QImage::Format_ARGB32_Premultiplied);
+    result.fill(Qt::red);
+    return result;
+}
+
+TEST(ThumbnailCache, forgetsWhatWasNotAskedForLongestOnceItIsFull)
+{
+    const ThumbnailKey first{.path = u"/first.jpg"_s, .side = 10};
+    const ThumbnailKey second{.path = u"/second.jpg"_s, .side = 10};
+    const ThumbnailKey third{.path = u"/third.jpg"_s, .side = 10};
+    ThumbnailCache cache(2 * picture(10).sizeInBytes());
+    cache.insert(first, picture(10));
+    cache.insert(second, picture(10));
+    EXPECT_FALSE(cache.find(first).isNull());
+    cache.insert(third, picture(10));
+    EXPECT_FALSE(cache.find(first).isNull());
+    EXPECT_TRUE(cache.find(second).isNull());
+    EXPECT_FALSE(cache.find(third).isNull());
+
+    cache.insert(second, picture(20)); // more than all there is room for
+    EXPECT_TRUE(cache.find(second).isNull());
+}
+
+TEST(ThumbnailCache, tellsStatesOfAFileApart)
+{
+    const ThumbnailKey key{.path = u"/photo.jpg"_s, .side = 64, .fileSize = 1, .modified = 2};
+    ThumbnailCache cache;
+    cache.insert(key, picture(64));
+    EXPECT_EQ(cache.find(key).width(), 64);
+    for (const ThumbnailKey &other : {ThumbnailKey{u"/other.jpg"_s, 64, 1, 2},
+                                      {key.path, 128, 1, 2},
+                                      {key.path, 64, 3, 2},
+                                      {key.path, 64, 1, 3}}) {
+        EXPECT_TRUE(cache.find(other).isNull());
+    }
+}
+
+} // namespace
+
+} // namespace KelvaLR
