@@ -137,7 +137,7 @@ def main():
 
     run("exiv2", "-M", "set Exif.Image.Orientation 6", turned)
     turned.rename(FOLDER / "orientation-6.jpg")
-    run("convert", ppm, FOLDER / "upright.png")
+    run("convert", ppm, "-define", "png:exclude-chunks=gAMA,cHRM", FOLDER / "upright.png")
     run("convert", ppm, "-depth", "16", "-compress", "zip", FOLDER / "upright.tiff")
     run("exiv2", "-M", "set Exif.Image.Make KelvaLR", "-M", "set Exif.Image.Model Sample", FOLDER / "upright.tiff")
     run("heif-enc", "-q", "60", "-t", "96", "-o", FOLDER / "thumbnail.heic", jpeg)
