@@ -98,6 +98,7 @@ TEST(ThumbnailDecoder, showsThePreviewsOfCameras)
     ASSERT_EQ(facade.size(), QSize(64, 64));
     EXPECT_GT(facade.pixelColor(14, 20).red(), facade.pixelColor(14, 20).blue() + 40); // a wall of bricks
     EXPECT_EQ(decodeThumbnail(samplePhoto("dmc-lx3.rw2"), 64).pixelColor(32, 32), QColor(Qt::white));
+    EXPECT_EQ(decodeThumbnail(samplePhoto("dp2.x3f"), 300).pixelColor(32, 32), QColor(Qt::white));
 }
 
 TEST(ThumbnailDecoder, looksAtTheContentAndNotAtTheName)

@@ -11,8 +11,9 @@
 #include <optional>
 
 // The file's directory stands at its end: "SECd", a version, the number of entries, then for each its offset,
-// its length and a name. An image's section begins with "SECi", a version, a type, a format, columns, rows
-// and bytes a row; all numbers are little-endian, 32 bits. Seen so in files of the SD14 and the DP2.
+// its length and a name; the last four bytes are the directory's offset. An image's section begins with "SECi",
+// a version, a type, a format, columns, rows and bytes a row. All numbers are little-endian, of 32 bits. Seen so
+// in files of the SD14 and the DP2.
 
 namespace KelvaLR {
 
@@ -100,8 +101,9 @@ QImage decodeX3fPreview(QIODevice &source, int side)
     QByteArray bytes = bytesAt(source, jpeg->offset, jpeg->length);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    return decodeEncodedPicture(buffer, "jpeg"_ba, side)
-        .transformed(QTransform().rotate(rotation % 360 / 90 * 90));
+    const bool isTold = tellsItsOrientation(buffer, "jpeg"_ba); // then it has been followed already
+    const QImage picture = decodeEncodedPicture(buffer, "jpeg"_ba, side);
+    return isTold ? picture : picture.transformed(QTransform().rotate(rotation % 360 / 90 * 90));
 }
 
 } // namespace KelvaLR
