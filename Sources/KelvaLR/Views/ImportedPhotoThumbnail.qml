@@ -48,12 +48,10 @@ AbstractButton {
             name: "photo"
             size: 22
             color: Theme.secondaryText
-            visible: picture.status !== Image.Ready
         }
     }
+    // Covers the symbol, unless the file shows nothing: then it is transparent.
     Image {
-        id: picture
-
         anchors.fill: parent
         source: root.thumbnail
         sourceSize.width: 64

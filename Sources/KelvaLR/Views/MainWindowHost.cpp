@@ -1,6 +1,7 @@
 #include "Views/MainWindowHost.h"
 
 #include "Views/Icons/IconProvider.h"
+#include "Views/Thumbnails/ThumbnailProvider.h"
 
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
@@ -19,6 +20,7 @@ MainWindowHost::MainWindowHost(const MainWindowSources &sources)
 {
     m_engine.addImportPath(u":/qt/qml"_s);
     m_engine.addImageProvider(u"icon"_s, new IconProvider);
+    m_engine.addImageProvider(thumbnailProviderId, new ThumbnailProvider);
     m_engine.setInitialProperties({
         {u"conversation"_s, QVariant::fromValue(&m_conversation)},
         {u"artifact"_s, QVariant::fromValue(&m_artifact)},

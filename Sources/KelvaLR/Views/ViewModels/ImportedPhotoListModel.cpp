@@ -1,6 +1,7 @@
 #include "Views/ViewModels/ImportedPhotoListModel.h"
 
 #include "Stores/AppModel.h"
+#include "Views/Thumbnails/ThumbnailProvider.h"
 
 #include <algorithm>
 
@@ -31,7 +32,7 @@ QVariant ImportedPhotoListModel::data(const QModelIndex &index, int role) const
     case DisplayNameRole:
         return photo.displayName;
     case ThumbnailRole:
-        return QUrl();
+        return thumbnailUrl(photo.url.toLocalFile());
     case SelectedRole:
         return m_selection.contains(photo.id);
     default:
