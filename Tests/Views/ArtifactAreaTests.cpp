@@ -1,8 +1,10 @@
 #include "Views/MainWindowFixture.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QMimeData>
+#include <QScopeGuard>
 
 using namespace KelvaLR;
 using namespace KelvaLR::Testing;
@@ -115,6 +117,32 @@ TEST_F(ArtifactAreaTest, removesAPhotoFromTheTrayAndKeepsTheTrayInANewSession)
     EXPECT_TRUE(waitUntil([&] { return control(u"a"_s) == nullptr; }));
     press(Qt::Key_N, Qt::ControlModifier);
     EXPECT_NE(control(u"b"_s), nullptr);
+}
+
+TEST_F(ArtifactAreaTest, theFolderChooserBeginsAtThePicturesAndImportsWhatIsChosen)
+{
+    ASSERT_TRUE(QDir(photos.path()).mkpath(u"Pictures/Trip"_s));
+    QFile photo(photos.filePath(u"Pictures/Trip/a.jpg"_s));
+    ASSERT_TRUE(photo.open(QIODevice::WriteOnly));
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", photos.path().toLocal8Bit());
+    const auto restored = qScopeGuard([&home] { qputenv("HOME", home); });
+    reopen();
+
+    click(u"Import Photos"_s);
+    EXPECT_TRUE(willShow(u"Choose a folder to import into Lightroom Classic."_s));
+    ASSERT_TRUE(willShow(u"Trip"_s));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitUntil([&] { return !shows(u"Trip"_s); }));
+    EXPECT_TRUE(model->messages().isEmpty());
+
+    click(u"Import Photos"_s);
+    ASSERT_TRUE(willShow(u"Trip"_s));
+    QQuickItem *accept = itemWithText(*window().contentItem()->window(), u"Import Photos"_s);
+    ASSERT_TRUE(accept);
+    QTest::mouseClick(&window(), Qt::LeftButton, {}, accept->mapToScene({5, 5}).toPoint());
+    ASSERT_TRUE(waitUntil([&] { return !model->messages().isEmpty(); }));
+    EXPECT_EQ(lastCommand().value(u"folder_path"_s).toString(), photos.filePath(u"Pictures/Trip"_s));
 }
 
 TEST_F(ArtifactAreaTest, aDroppedFolderIsImportedAndAFileIsNot)

@@ -51,7 +51,7 @@ Item {
 
         function open(): void {
             if (status === Loader.Null) {
-                setSource("ImportFolderDialog.qml");
+                setSource("ImportFolderDialog.qml", { currentFolder: root.conversation.picturesFolder });
             }
             const dialog = item as ImportFolderDialog;
             dialog.open();

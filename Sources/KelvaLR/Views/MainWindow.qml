@@ -110,6 +110,8 @@ ApplicationWindow {
                 setSource("SettingsWindow.qml", { model: root.settings, transientParent: root });
             }
             const window = item as SettingsWindow;
+            window.x = root.x + (root.width - window.width) / 2;
+            window.y = root.y + (root.height - window.height) / 2;
             window.show();
             window.raise();
             window.requestActivate();

@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 #include <QPointer>
+#include <QStandardPaths>
 
 namespace KelvaLR {
 
@@ -75,6 +76,11 @@ QString ConversationViewModel::microphoneHelp() const
 bool ConversationViewModel::isListening() const
 {
     return m_model.isWakeWordListening() || m_model.realtimeVoiceState() == RealtimeVoiceState::recording;
+}
+
+QUrl ConversationViewModel::picturesFolder() const
+{
+    return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
 }
 
 void ConversationViewModel::appear()

@@ -26,6 +26,8 @@ class ConversationViewModel : public QObject
     Q_PROPERTY(QString statusSubtitle READ statusSubtitle NOTIFY voiceStatusChanged)
     Q_PROPERTY(QString microphoneHelp READ microphoneHelp NOTIFY voiceStatusChanged)
     Q_PROPERTY(bool isListening READ isListening NOTIFY voiceStatusChanged)
+    /// Where the folder chooser begins.
+    Q_PROPERTY(QUrl picturesFolder READ picturesFolder CONSTANT)
 
 public:
     ConversationViewModel(AppModel &model, AppIntentRouter &router, QObject *parent = nullptr);
@@ -39,6 +41,7 @@ public:
     [[nodiscard]] QString microphoneHelp() const;
     /// The microphone is open: for the wake phrase or for a session.
     [[nodiscard]] bool isListening() const;
+    [[nodiscard]] QUrl picturesFolder() const;
 
     /// The window is there: applies the route that waits, and from now on every new one.
     Q_INVOKABLE void appear();
