@@ -56,7 +56,8 @@ QString sample(const char *name)
 
 void decode(benchmark::State &state, const QString &path)
 {
-    for (auto _ : state) {
+    for (auto iteration : state) {
+        static_cast<void>(iteration);
         if (decodeThumbnail(path, side).isNull()) {
             state.SkipWithError("no picture");
             break;
@@ -105,7 +106,8 @@ void knownPicture(benchmark::State &state)
     ThumbnailCache cache;
     const QString path = sample("upright.jpg");
     cache.insert(ThumbnailKey::make(path, side), decodeThumbnail(path, side));
-    for (auto _ : state) {
+    for (auto iteration : state) {
+        static_cast<void>(iteration);
         benchmark::DoNotOptimize(cache.find(ThumbnailKey::make(path, side)));
     }
 }

@@ -98,6 +98,15 @@ protected:
             [this](const QString &path, int side) { return decoder.decode(path, side); });
     }
 
+    std::vector<std::unique_ptr<Request>> requestPhotos(int count)
+    {
+        std::vector<std::unique_ptr<Request>> requests(static_cast<size_t>(count));
+        for (auto &request : requests) {
+            request = std::make_unique<Request>(*provider, photo(QString::number(--count)));
+        }
+        return requests;
+    }
+
     QTemporaryDir folder;
     GatedDecoder decoder;
     std::unique_ptr<ThumbnailProvider> provider = makeProvider();
@@ -143,10 +152,7 @@ TEST_F(ThumbnailProviderTest, decodesAgainOnlyWhenTheFileHasChanged)
 
 TEST_F(ThumbnailProviderTest, dropsWhatIsCancelledBeforeItsTurn)
 {
-    std::vector<std::unique_ptr<Request>> wanted;
-    for (int i = 0; i < 4; ++i) { // as many as there may be threads
-        wanted.push_back(std::make_unique<Request>(*provider, photo(QString::number(i))));
-    }
+    const auto wanted = requestPhotos(4); // as many as there may be threads
     const Request cancelled(*provider, photo(u"cancelled"_s));
     const Request last(*provider, photo(u"last"_s));
     cancelled.response->cancel();
@@ -160,12 +166,9 @@ TEST_F(ThumbnailProviderTest, dropsWhatIsCancelledBeforeItsTurn)
     EXPECT_FALSE(decoder.paths().contains(folder.filePath(u"cancelled"_s)));
 }
 
-TEST_F(ThumbnailProviderTest, maySurviveItsRequestsAndTheyIt)
+TEST_F(ThumbnailProviderTest, endsWhileItDecodesAndLeavesNoRequestWithoutAnAnswer)
 {
-    std::vector<std::unique_ptr<Request>> requests;
-    for (int i = 0; i < 8; ++i) {
-        requests.push_back(std::make_unique<Request>(*provider, photo(QString::number(i))));
-    }
+    auto requests = requestPhotos(8);
     EXPECT_TRUE(waitUntil([&] { return !decoder.paths().isEmpty(); }));
     requests.erase(requests.begin(), requests.begin() + 2); // the first is being decoded
     const std::jthread opener([this] { decoder.gate.release(8); });

@@ -18,8 +18,9 @@ int RawStream::valid()
 
 int RawStream::read(void *data, size_t size, size_t count)
 {
-    const qint64 length = m_device.read(static_cast<char *>(data), qint64(size * count));
-    return size == 0 || length < 0 ? 0 : int(length / qint64(size));
+    const auto itemSize = qint64(size);
+    const qint64 length = m_device.read(static_cast<char *>(data), itemSize * qint64(count));
+    return itemSize == 0 || length < 0 ? 0 : int(length / itemSize);
 }
 
 /// Zero is success here.

@@ -11,9 +11,9 @@
 #include <optional>
 
 // The file's directory stands at its end: "SECd", a version, the number of entries, then for each its offset,
-// its length and a name; the last four bytes are the directory's offset. An image's section begins with "SECi",
-// a version, a type, a format, columns, rows and bytes a row. All numbers are little-endian, of 32 bits. Seen so
-// in files of the SD14 and the DP2.
+// its length and a name; the last four bytes are the directory's offset. An image's section begins with
+// "SECi", a version, a type, a format, columns, rows and bytes a row. All numbers are little-endian, of 32
+// bits. Seen so in files of the SD14 and the DP2.
 
 namespace KelvaLR {
 
@@ -97,13 +97,13 @@ QImage decodeX3fPreview(QIODevice &source, int side)
     if (!jpeg) {
         return {};
     }
-    const quint32 rotation = numberIn(bytesAt(source, rotationOffset, word), 0);
+    const quint32 quarterTurns = numberIn(bytesAt(source, rotationOffset, word), 0) / 90 % 4;
     QByteArray bytes = bytesAt(source, jpeg->offset, jpeg->length);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     const bool isTold = tellsItsOrientation(buffer, "jpeg"_ba); // then it has been followed already
     const QImage picture = decodeEncodedPicture(buffer, "jpeg"_ba, side);
-    return isTold ? picture : picture.transformed(QTransform().rotate(rotation % 360 / 90 * 90));
+    return isTold ? picture : picture.transformed(QTransform().rotate(90 * quarterTurns));
 }
 
 } // namespace KelvaLR
