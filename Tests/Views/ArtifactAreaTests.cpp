@@ -25,7 +25,7 @@ protected:
         lightroom.plugin.answer(ScriptedPlugin::successReply(u"Imported photos from folder"_s));
         host->conversation().importFolders({QUrl::fromLocalFile(photos.path())});
         ASSERT_TRUE(waitUntil([&] { return model->importedPhotos().size() == names.size(); }));
-        ASSERT_TRUE(waitUntil([&] { return control(names.constLast()) != nullptr; }));
+        ASSERT_TRUE(waitUntil([&] { return control(names.constFirst()) != nullptr; }));
     }
 
     void drop(const QList<QUrl> &places)
@@ -96,6 +96,34 @@ TEST_F(ArtifactAreaTest, selectsByClickAndExtendsWithControlAndShift)
     EXPECT_FALSE(control(u"b"_s)->state().checked);
     click(u"b"_s);
     EXPECT_EQ(selectedNames(), QStringList{u"b"_s});
+}
+
+TEST_F(ArtifactAreaTest, selectsAndRemovesByKeyboard)
+{
+    QStringList names;
+    for (int i = 10; i < 90; ++i) {
+        names.append(QString::number(i));
+    }
+    importPhotos(names);
+    for (int i = 0; i < 8 && !control(u"Imported Photos"_s)->state().focused; ++i) {
+        press(Qt::Key_Tab);
+    }
+    press(Qt::Key_Right);
+    press(Qt::Key_Space);
+    EXPECT_EQ(selectedNames(), QStringList{u"11"_s});
+    press(Qt::Key_Right);
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(selectedNames(), (QStringList{u"11"_s, u"12"_s}));
+    press(Qt::Key_Delete);
+    EXPECT_EQ(selectedNames(), QStringList{u"11"_s});
+    EXPECT_EQ(place(u"70"_s).intersected(window().geometry()), QRect());
+    for (int i = 0; i < 12; ++i) {
+        press(Qt::Key_Down);
+    }
+    press(Qt::Key_Space);
+    ASSERT_EQ(selectedNames().size(), 1);
+    const QRect reached = place(selectedNames().constFirst());
+    EXPECT_TRUE(QRect({}, window().size()).contains(reached));
 }
 
 TEST_F(ArtifactAreaTest, aBatchActsOnTheSelectedPhotosOnly)

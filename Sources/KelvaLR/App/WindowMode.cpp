@@ -5,11 +5,14 @@
 #include "Views/MainWindowHost.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QQuickWindow>
 
 #include <cstdio>
 
 namespace KelvaLR {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,6 +38,8 @@ int runWindow(int &argumentCount, char **arguments)
             stderr);
         return 1;
     }
+    // A broken photo shows a placeholder; what its decoder thinks of it is no news for the terminal.
+    QLoggingCategory::setFilterRules(u"qt.gui.imageio*.warning=false"_s);
     const QGuiApplication application(argumentCount, arguments);
     KelvaLRApp app(stderr);
     DesktopAppearance appearance(DesktopAppearance::sessionBus());

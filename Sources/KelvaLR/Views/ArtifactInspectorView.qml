@@ -78,6 +78,11 @@ Rectangle {
             }
         }
 
+        function reveal(from: real, extent: real): void {
+            isAtBeginning = false;
+            contentY = Math.max(Math.min(contentY, from - spacing), from + extent + spacing - height);
+        }
+
         Connections {
             target: root.artifact
 
@@ -104,6 +109,7 @@ Rectangle {
             photos: root.artifact.photos
             viewportY: list.contentY - top.y - y
             viewportHeight: list.height
+            onCellReached: cellY => list.reveal(top.y + y + cellY, pitch)
         }
         MessageArtifactView {
             width: parent.width

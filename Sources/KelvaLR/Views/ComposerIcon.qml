@@ -31,7 +31,7 @@ AbstractButton {
         border.color: Theme.hairline
 
         FocusRing {
-            control: root
+            isShown: root.visualFocus
         }
     }
 

@@ -1,11 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 
 /// The ring around a control that has keyboard focus.
 Rectangle {
-    required property T.Control control
+    required property bool isShown
 
     anchors.fill: parent
     anchors.margins: -2 * Theme.focusRing
@@ -13,5 +12,5 @@ Rectangle {
     color: "transparent"
     border.width: Theme.focusRing
     border.color: Theme.accent
-    visible: control.visualFocus
+    visible: isShown
 }

@@ -17,6 +17,9 @@ Item {
     readonly property int columns: Math.max(1, Math.floor((width + 10) / pitch))
     readonly property real gridHeight: Math.ceil(photos.count / columns) * pitch - 10
 
+    /// The keyboard has moved to a cell; `cellY` is its place in this item's coordinates.
+    signal cellReached(cellY: real)
+
     implicitHeight: grid.y + gridHeight
 
     Caption {
@@ -48,6 +51,16 @@ Item {
             reuseItems: false // Qt 6.4 leaves a removed cell in place when it reuses cells
             model: root.photos
             keyNavigationEnabled: true
+            highlightFollowsCurrentItem: false // it would move the grid, which follows the viewport
+            activeFocusOnTab: true
+            Keys.onSpacePressed: event => root.photos.select(currentIndex, event.modifiers)
+            Keys.onReturnPressed: event => root.photos.select(currentIndex, event.modifiers)
+            Keys.onDeletePressed: root.photos.remove(currentIndex)
+            onCurrentIndexChanged: {
+                if (activeFocus) {
+                    root.cellReached(grid.y + Math.floor(currentIndex / root.columns) * root.pitch);
+                }
+            }
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Imported Photos")
 
@@ -67,7 +80,11 @@ Item {
                     displayName: cell.displayName
                     thumbnail: cell.thumbnail
                     isSelected: cell.isSelected
-                    onChosen: modifiers => root.photos.select(cell.index, modifiers)
+                    isCurrent: cell.GridView.isCurrentItem && cells.activeFocus
+                    onChosen: modifiers => {
+                        cells.currentIndex = cell.index;
+                        root.photos.select(cell.index, modifiers);
+                    }
                     onRemoved: root.photos.remove(cell.index)
                 }
             }

@@ -11,8 +11,9 @@ AbstractButton {
     required property string displayName
     required property url thumbnail
     required property bool isSelected
+    /// Keyboard focus is on this cell.
+    required property bool isCurrent
 
-    readonly property bool isActive: hovered || visualFocus
 
     signal chosen(modifiers: int)
     signal removed
@@ -20,7 +21,7 @@ AbstractButton {
     implicitWidth: 64
     implicitHeight: 64
     hoverEnabled: true
-    focusPolicy: Qt.TabFocus
+    focusPolicy: Qt.NoFocus
     checkable: false
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.displayName
@@ -28,12 +29,9 @@ AbstractButton {
     Accessible.checked: root.isSelected
     Accessible.onPressAction: root.chosen(Qt.ControlModifier)
     Accessible.onToggleAction: root.chosen(Qt.ControlModifier)
-    Keys.onDeletePressed: root.removed()
-    Keys.onSpacePressed: event => root.chosen(event.modifiers)
-    Keys.onReturnPressed: event => root.chosen(event.modifiers)
 
     background: FocusRing {
-        control: root
+        isShown: root.isCurrent
         anchors.margins: -4
         radius: Theme.cellRadius + 4
     }
@@ -98,7 +96,7 @@ AbstractButton {
         padding: 0
         hoverEnabled: true
         focusPolicy: Qt.NoFocus
-        opacity: root.isActive || hovered ? 1 : 0
+        opacity: root.isCurrent || root.hovered || hovered ? 1 : 0
         onClicked: root.removed()
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Remove %1 from tray").arg(root.displayName)

@@ -55,7 +55,7 @@ AbstractButton {
             border.color: Theme.hairline
         }
         FocusRing {
-            control: root
+            isShown: root.visualFocus
         }
     }
 

@@ -33,7 +33,7 @@ AbstractButton {
         color: root.down || root.hovered ? Theme.controlPressed : Theme.control
 
         FocusRing {
-            control: root
+            isShown: root.visualFocus
             radius: Theme.cellRadius + 4
         }
     }

@@ -50,7 +50,7 @@ Switch {
             }
         }
         FocusRing {
-            control: root
+            isShown: root.visualFocus
         }
     }
     contentItem: Label {

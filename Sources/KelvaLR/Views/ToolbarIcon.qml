@@ -31,7 +31,7 @@ AbstractButton {
         color: root.down ? Theme.controlPressed : root.hovered ? Theme.control : "transparent"
 
         FocusRing {
-            control: root
+            isShown: root.visualFocus
             radius: Theme.cellRadius
         }
     }
