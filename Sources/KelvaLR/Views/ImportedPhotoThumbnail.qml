@@ -96,7 +96,6 @@ AbstractButton {
         padding: 0
         hoverEnabled: true
         focusPolicy: Qt.NoFocus
-        opacity: root.isCurrent || root.hovered || hovered ? 1 : 0
         onClicked: root.removed()
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Remove %1 from tray").arg(root.displayName)

@@ -40,6 +40,8 @@ ApplicationWindow {
             anchors.verticalCenter: parent.verticalCenter
 
             AppMenu {
+                id: fileMenu
+
                 title: qsTr("File")
 
                 Action {
@@ -94,6 +96,10 @@ ApplicationWindow {
         }
     }
 
+    Shortcut {
+        sequence: "F10"
+        onActivated: fileMenu.open()
+    }
     ContentView {
         id: content
 
