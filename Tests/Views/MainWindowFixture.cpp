@@ -70,6 +70,7 @@ MainWindowTest::MainWindowTest()
 MainWindowTest::~MainWindowTest()
 {
     host.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     qInstallMessageHandler(nullptr);
 }
 
