@@ -40,7 +40,7 @@ QString oneMillion(const QString &unit, const QString &head = {}, const QString 
 void decode(benchmark::State &state, const QString &content)
 {
     const QByteArray body = bodyOf(content);
-    for (auto iteration : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(decodeAssistantReply(chatTextOutput(body).value()));
     }
 }

@@ -35,6 +35,9 @@ protected:
         const QPoint target = place(u"Lightroom Output"_s).center();
         QDragEnterEvent enter(target, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window(), &enter);
+        if (!enter.isAccepted()) {
+            return;
+        }
         QDropEvent drop(target, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window(), &drop);
     }

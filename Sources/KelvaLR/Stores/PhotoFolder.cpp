@@ -5,6 +5,7 @@
 #include <QCollator>
 #include <QCoroFuture>
 #include <QDir>
+#include <QFileInfo>
 #include <QtConcurrentRun>
 
 #include <algorithm>
@@ -41,6 +42,12 @@ QCoro::Task<QStringList> photoPaths(QString folder)
 QString standardizedPath(const QString &path)
 {
     return QDir::cleanPath(QDir().absoluteFilePath(path));
+}
+
+QList<QUrl> foldersAmong(QList<QUrl> places)
+{
+    places.removeIf([](const QUrl &place) { return !QFileInfo(place.toLocalFile()).isDir(); });
+    return places;
 }
 
 } // namespace KelvaLR

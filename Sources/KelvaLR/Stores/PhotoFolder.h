@@ -2,7 +2,9 @@
 
 #include <QCoroTask>
 
+#include <QList>
 #include <QStringList>
+#include <QUrl>
 
 namespace KelvaLR {
 
@@ -13,5 +15,8 @@ QCoro::Task<QStringList> photoPaths(QString folder);
 
 /// The folder or file as an absolute path without "." and ".." in it; nothing is looked up on the disk.
 [[nodiscard]] QString standardizedPath(const QString &path);
+
+/// The local folders among these places, in their order.
+[[nodiscard]] QList<QUrl> foldersAmong(QList<QUrl> places);
 
 } // namespace KelvaLR

@@ -139,6 +139,7 @@ Rectangle {
 
         anchors.fill: parent
         keys: ["text/uri-list"]
+        onEntered: event => event.accepted = root.artifact.canImport(event.urls)
         onDropped: event => {
             root.foldersDropped(event.urls);
             event.acceptProposedAction();

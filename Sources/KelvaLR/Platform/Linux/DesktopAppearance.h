@@ -29,10 +29,8 @@ public:
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
-private Q_SLOTS:
-    void settingChanged(const QDBusMessage &change);
-
 private:
+    Q_SLOT void settingChanged(const QDBusMessage &change);
     void ask(const QString &group, const QString &key);
     void take(const QString &group, const QString &key, const QVariant &value);
 

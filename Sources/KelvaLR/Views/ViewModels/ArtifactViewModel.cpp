@@ -1,6 +1,7 @@
 #include "Views/ViewModels/ArtifactViewModel.h"
 
 #include "Stores/AppModel.h"
+#include "Stores/PhotoFolder.h"
 #include "Views/ViewModels/ArtifactPresentation.h"
 
 #include <algorithm>
@@ -55,6 +56,11 @@ QString ArtifactViewModel::statusTitle() const
 bool ArtifactViewModel::isRunning() const
 {
     return hasArtifact() && m_content.artifact->status == ArtifactStatus::running;
+}
+
+bool ArtifactViewModel::canImport(const QList<QUrl> &places) const
+{
+    return !foldersAmong(places).isEmpty();
 }
 
 ArtifactViewModel::Content ArtifactViewModel::contentOf(const AppModel &model)

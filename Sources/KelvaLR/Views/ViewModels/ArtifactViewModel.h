@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
@@ -48,6 +49,9 @@ public:
     [[nodiscard]] QString statusTitle() const;
     /// The work that the artifact records still goes on.
     [[nodiscard]] bool isRunning() const;
+
+    /// Whether there is a folder among the places that are dragged over the tray.
+    Q_INVOKABLE [[nodiscard]] bool canImport(const QList<QUrl> &places) const;
 
     [[nodiscard]] MarkdownListModel *body() { return &m_body; }
 

@@ -2,10 +2,10 @@
 
 #include "AppIntents/AppIntentRouter.h"
 #include "Stores/AppModel.h"
+#include "Stores/PhotoFolder.h"
 #include "Support/DetachedTask.h"
 #include "Views/ViewModels/VoiceStatus.h"
 
-#include <QFileInfo>
 #include <QPointer>
 #include <QStandardPaths>
 
@@ -129,9 +129,7 @@ void ConversationViewModel::startComputerUseVoiceMode()
 
 void ConversationViewModel::importFolders(const QList<QUrl> &places)
 {
-    QList<QUrl> folders = places;
-    folders.removeIf([](const QUrl &place) { return !QFileInfo(place.toLocalFile()).isDir(); });
-    startDetached(importInTurn(&m_model, folders));
+    startDetached(importInTurn(&m_model, foldersAmong(places)));
 }
 
 } // namespace KelvaLR
