@@ -60,7 +60,7 @@ TEST(LocalEnvironment, whatIsNoReadableTextFileHasNoValues)
     EXPECT_EQ(file("good"_L1, "NAME=caf\xc3\xa9\n"), u"café"_s);
     EXPECT_EQ(file("marked"_L1, "\xef\xbb\xbfNAME=value\n"), u"value"_s);
     EXPECT_EQ(file("latin1"_L1, "NAME=caf\xe9\n"), std::nullopt);
-    EXPECT_EQ(file("huge"_L1, "NAME=value\n" + QByteArray(1024 * 1024, '\n')), std::nullopt);
+    EXPECT_EQ(file("huge"_L1, "NAME=value\n" + QByteArray(qsizetype{1024} * 1024, '\n')), std::nullopt);
     EXPECT_EQ(LocalEnvironment::valueInFile(folder.filePath(u"missing"_s), u"NAME"), std::nullopt);
     EXPECT_EQ(LocalEnvironment::valueInFile(folder.path(), u"NAME"), std::nullopt);
     ASSERT_EQ(mkfifo(folder.filePath(u"pipe"_s).toUtf8().constData(), 0600), 0);

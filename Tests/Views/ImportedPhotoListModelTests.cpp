@@ -65,7 +65,7 @@ TEST_F(ImportedPhotoListModelTest, aClickChangesItsCellsOnly)
     import(files);
     list.select(3, Qt::NoModifier);
     QSignalSpy changed(&list, &QAbstractItemModel::dataChanged);
-    QSignalSpy reset(&list, &QAbstractItemModel::modelReset);
+    const QSignalSpy reset(&list, &QAbstractItemModel::modelReset);
     list.select(70, Qt::NoModifier);
     ASSERT_EQ(changed.size(), 2);
     EXPECT_EQ(changed[0][0].toModelIndex().row(), 3);

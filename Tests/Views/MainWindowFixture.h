@@ -28,9 +28,11 @@ public:
 /// accessible name, and used by mouse and keyboard. A warning of the QML engine fails the test.
 class MainWindowTest : public AppModelTest
 {
+public:
+    ~MainWindowTest() override;
+
 protected:
     MainWindowTest();
-    ~MainWindowTest() override;
 
     void TearDown() override;
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QLatin1StringView fileName(".env.local");
-constexpr qint64 largestFile = 1024 * 1024; ///< a list of variables; anything longer is something else
+constexpr qint64 largestFile = qint64{1024} * 1024; ///< a list of variables; anything longer is something else
 
 std::optional<QString> unlessEmpty(const QString &text)
 {
@@ -37,7 +37,7 @@ QStringView withoutQuotesAtTheEnds(QStringView text)
 
 std::optional<QString> value(const QString &name)
 {
-    if (const QString set = qEnvironmentVariable(name.toUtf8().constData()); !set.isEmpty()) {
+    if (QString set = qEnvironmentVariable(name.toUtf8().constData()); !set.isEmpty()) {
         return set;
     }
     for (const QString &file : candidateFiles(QDir::currentPath(), QCoreApplication::applicationDirPath())) {

@@ -94,7 +94,7 @@ TEST(OpenAIAssistantProvider, anyFailureIsASentence)
 
 TEST(OpenAIAssistantProvider, whatCannotBeSentIsASentence)
 {
-    ScriptedHttpServer server;
+    const ScriptedHttpServer server;
     OpenAIAssistantProvider brokenKey(accessTo(server.baseUrl(), u"sk-very-secret\r\nHost: elsewhere"_s));
     EXPECT_EQ(answerOf(brokenKey),
               u"OpenAI request failed: The API key holds a character that cannot be sent."_s);
@@ -168,8 +168,8 @@ TEST(OpenAIAssistantProvider, endsWhatIsUnderWayWhenItIsDestroyed)
 {
     ScriptedHttpServer server;
     auto provider = std::make_unique<OpenAIAssistantProvider>(accessTo(server.baseUrl()));
-    QCoro::Task<AssistantResponse> first = provider->respond({u"first"_s, {}});
-    QCoro::Task<AssistantResponse> second = provider->respond({u"second"_s, {}});
+    const QCoro::Task<AssistantResponse> first = provider->respond({u"first"_s, {}});
+    const QCoro::Task<AssistantResponse> second = provider->respond({u"second"_s, {}});
     ASSERT_TRUE(waitUntil([&] { return server.requests.size() == 2; }));
     provider.reset();
     EXPECT_TRUE(first.isReady() && second.isReady());

@@ -21,7 +21,7 @@ bool isThisComputer(const QString &host)
 std::expected<QUrl, QString> checkedBaseUrl(const QString &configured)
 {
     const QString text = trimmedWhitespace(configured);
-    QUrl url(text.isEmpty() ? QString(ownHost) : text, QUrl::StrictMode);
+    const QUrl url(text.isEmpty() ? QString(ownHost) : text, QUrl::StrictMode);
     if (!url.isValid() || url.host().isEmpty() || !url.userInfo().isEmpty() ||
         (url.scheme() != "https"_L1 && url.scheme() != "http"_L1)) {
         return std::unexpected(u"OPENAI_BASE_URL is not an address that begins with https://."_s);
