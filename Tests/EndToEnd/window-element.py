@@ -1,0 +1,45 @@
+#!/usr/bin/python3
+"""window-element.py NAME: waits until a window of kelvalr shows an element with this accessible name, and prints
+the centre of the element on the screen as "X Y". Its status is 1 when none has come within 20 seconds."""
+import sys
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+
+def shown(element, name):
+    """The first element below this one that is on the screen under a name; None when there is none."""
+    for index in range(element.get_child_count()):
+        child = element.get_child_at_index(index)
+        if child is None:
+            continue
+        if child.get_name() == name and child.get_state_set().contains(Atspi.StateType.SHOWING):
+            return child
+        if found := shown(child, name):
+            return found
+    return None
+
+
+def application():
+    desktop = Atspi.get_desktop(0)
+    programs = (desktop.get_child_at_index(index) for index in range(desktop.get_child_count()))
+    return next((program for program in programs if program and program.get_name() == "KelvaLR"), None)
+
+
+deadline = time.monotonic() + 20
+while time.monotonic() < deadline:
+    try:
+        program = application()
+        if program and (element := shown(program, sys.argv[1])):
+            place = element.get_extents(Atspi.CoordType.SCREEN)
+            print(place.x + place.width // 2, place.y + place.height // 2)
+            sys.exit(0)
+    except GLib.Error:
+        pass  # what was being read has gone; the next look reads anew
+    time.sleep(0.05)
+    Atspi.get_desktop(0).clear_cache()
+print(f'No element "{sys.argv[1]}" is shown.', file=sys.stderr)
+sys.exit(1)

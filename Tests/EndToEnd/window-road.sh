@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# A photographer at the window: a typed command, an import, two clicked thumbnails, a batch on exactly those two.
+# Runs on Scripts/desktop-session. With SCREENSHOT=FILE it leaves a picture of the window there.
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=Tests/EndToEnd/support.sh
+source "$here/support.sh"
+export QT_QUICK_BACKEND=software
+window_pid=
+
+end_window() {
+    [ -z "$window_pid" ] || kill "$window_pid" 2>/dev/null || true
+}
+trap 'end_window; cleanup' EXIT
+
+# element NAME: where the window shows it, as "X Y"; ends the test when it does not within the deadline
+element() { "$here/window-element.py" "$1" || { cat "$work/kelvalr.err" >&2; exit 1; }; }
+
+# click NAME [KEY]: with the left button, while the key is held
+click() {
+    local found place
+    found=$(element "$1")
+    read -ra place <<<"$found"
+    xdotool mousemove "${place[@]}" ${2:+keydown "$2"} click 1 ${2:+keyup "$2"}
+}
+
+# request TEXT ANSWER: types it into the composer and waits until the window shows the answer
+request() {
+    click "Ask KelvaLR"
+    xdotool type --delay 5 "$1"
+    xdotool key Return
+    element "$2" >/dev/null
+}
+
+"$kelvalr" --install-plugin >/dev/null
+"$standin" --sample-photos "$work/samples"
+mapfile -t samples < <(find "$work/samples" -name '*.jpg' | sort)
+mkdir "$work/photos" "$work/more"
+cp "${samples[@]:0:5}" "$work/photos"
+start_standin --photos "$work/photos"
+
+cp "$here/../Data/photos/thumbnail.heic" "$work/more/coast.heic"
+cp "$here/../Data/photos/orientation-6.dng" "$work/more/dune.dng"
+cp "${samples[0]}" "$work/more/forest.jpg"
+cp "${samples[1]}" "$work/more/lake.jpg"
+cp "${samples[2]}" "$work/more/ridge.jpg"
+
+"$kelvalr" 2>"$work/kelvalr.err" &
+window_pid=$!
+window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
+timeout 20 xdotool windowactivate --sync "$window"
+
+request "set exposure to +0.5" "Lightroom Classic: Adjusted Exposure on 1 photo to 0.5"
+first=$work/photos/$(basename "${samples[0]}" .jpg).xmp
+expect "exposure" "+0.50" "$(xmp "$first" Xmp.crs.Exposure2012)"
+
+request "import photos from folder $work/more" "Lightroom Classic: Imported 5 photos from folder"
+click dune
+click lake ctrl
+request "rate these 4 stars" "Lightroom Classic: Set rating to 4 on 2 photos"
+for photo in coast:0 dune:4 forest:0 lake:4 ridge:0; do
+    rating=$(xmp "$work/more/${photo%:*}.xmp" Xmp.xmp.Rating)
+    expect "rating of ${photo%:*}" "${photo#*:}" "${rating:-0}"
+done
+[ -z "${SCREENSHOT:-}" ] || import -window "$window" "$SCREENSHOT"
+
+xdotool key ctrl+q
+timeout 20 tail --pid="$window_pid" -f /dev/null
+wait "$window_pid" || expect "status of the window" 0 $?
+window_pid=
+expect "warnings" "" "$(cat "$work/kelvalr.err")"
+finish
