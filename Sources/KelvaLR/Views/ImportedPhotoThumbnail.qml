@@ -1,9 +1,8 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Controls.Basic
 
-/// One cell of the tray.
+/// One cell of the tray. A screenful of cells comes into sight within a frame, so what few of them show is made when
+/// they show it. The components here are not bound: in Qt 6.4 a Loader cannot make those that are.
 AbstractButton {
     id: root
 
@@ -65,20 +64,22 @@ AbstractButton {
         border.width: root.isSelected ? 3 : 1
         border.color: root.isSelected ? Theme.accent : Theme.hairline
     }
-    Rectangle {
+    Loader {
         x: 4
         y: 4
-        width: 17
-        height: 17
-        radius: height / 2
-        color: Theme.accent
-        visible: root.isSelected
+        active: root.isSelected
+        sourceComponent: Rectangle {
+            width: 17
+            height: 17
+            radius: height / 2
+            color: Theme.accent
 
-        Symbol {
-            anchors.centerIn: parent
-            name: "checkmark"
-            size: 11
-            color: Theme.accentText
+            Symbol {
+                anchors.centerIn: parent
+                name: "checkmark"
+                size: 11
+                color: Theme.accentText
+            }
         }
     }
     MouseArea {
@@ -101,21 +102,26 @@ AbstractButton {
         Accessible.name: qsTr("Remove %1 from tray").arg(root.displayName)
         Accessible.onPressAction: root.removed()
 
-        background: Rectangle {
-            radius: height / 2
-            color: Theme.scrim
-        }
-        contentItem: Item {
-            Symbol {
-                anchors.centerIn: parent
-                name: "xmark"
-                size: 9
-                color: Theme.accentText
+        background: Loader {
+            active: root.isActive || removeButton.hovered
+            sourceComponent: Rectangle {
+                radius: height / 2
+                color: Theme.scrim
+
+                Symbol {
+                    anchors.centerIn: parent
+                    name: "xmark"
+                    size: 9
+                    color: Theme.accentText
+                }
             }
         }
-        HelpTip {
-            visible: removeButton.hovered
-            text: qsTr("Remove from tray")
+        Loader {
+            active: removeButton.hovered
+            sourceComponent: HelpTip {
+                visible: true
+                text: qsTr("Remove from tray")
+            }
         }
     }
 }
