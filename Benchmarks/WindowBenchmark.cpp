@@ -136,12 +136,14 @@ void measureScrolling(Workspace &workspace, const QString &name, qreal step)
     };
     QList<double> frames;
     QList<double> steps;
-    for (qreal y = first; y < end(); y += step) {
+    qreal y = first;
+    do {
+        y += step;
         const FrameCost frame = workspace.clock.show([&] { workspace.list->setProperty("contentY", y); });
         const double rest = std::max(1.0, double(framePitch.count()) - frame.untilShown);
         frames.append(frame.work);
         steps.append(frame.work + FrameClock::pause(std::chrono::milliseconds(int(rest))));
-    }
+    } while (y < end());
     workspace.list->setProperty("contentY", first);
     print(u"%1, %2 steps of %3 points: frames %4"_s.arg(name, QString::number(steps.size()),
                                                         QString::number(step), summary(frames)));
