@@ -231,11 +231,16 @@ int main(int argc, char **argv)
         std::fputs("usage: window_benchmark [photos]\n", stderr);
         return 2;
     }
-    {
+    try {
+        {
+            Workspace workspace;
+            measurePhotos(workspace, photos);
+        }
         Workspace workspace;
-        measurePhotos(workspace, photos);
+        measureTexts(workspace);
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "window_benchmark: %s\n", error.what());
+        return 1;
     }
-    Workspace workspace;
-    measureTexts(workspace);
     return 0;
 }
