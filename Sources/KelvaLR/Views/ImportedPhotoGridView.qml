@@ -35,6 +35,24 @@ Item {
         width: parent.width
         height: root.gridHeight
 
+        FocusRing {
+            anchors.fill: undefined
+            x: cells.currentIndex % root.columns * root.pitch - 4
+            y: Math.floor(cells.currentIndex / root.columns) * root.pitch - 4
+            width: 72
+            height: 72
+            radius: Theme.cellRadius + 4
+            isShown: cells.activeFocus && cells.currentIndex >= 0
+        }
+        HelpTip {
+            id: tip
+
+            property Item hoveredCell: null
+
+            parent: hoveredCell
+            visible: hoveredCell !== null
+            text: qsTr("Remove from tray")
+        }
         GridView {
             id: cells
 
@@ -76,7 +94,6 @@ Item {
                 height: root.pitch
 
                 ImportedPhotoThumbnail {
-                    index: cell.index
                     displayName: cell.displayName
                     thumbnail: cell.thumbnail
                     isSelected: cell.isSelected
@@ -86,6 +103,7 @@ Item {
                         root.photos.select(cell.index, modifiers);
                     }
                     onRemoved: root.photos.remove(cell.index)
+                    onRemoveHovered: isHovered => tip.hoveredCell = isHovered ? this : null
                 }
             }
         }

@@ -1,39 +1,31 @@
 import QtQuick
-import QtQuick.Controls.Basic
 
-/// One cell of the tray. A screenful of cells comes into sight within a frame, so what few of them show is made when
-/// they show it. The components here are not bound: in Qt 6.4 a Loader cannot make those that are.
-AbstractButton {
+/// One cell of the tray. A screenful of cells comes into sight within a frame, so it is made of few and light
+/// items; the focus ring and the help text are the tray's. The component here is not bound: in Qt 6.4 a Loader cannot
+/// make one that is.
+Item {
     id: root
 
-    required property int index
     required property string displayName
     required property url thumbnail
     required property bool isSelected
     /// Keyboard focus is on this cell.
     required property bool isCurrent
 
-
     signal chosen(modifiers: int)
     signal removed
+    /// The pointer has come over the remove button, or has left it.
+    signal removeHovered(isHovered: bool)
 
     implicitWidth: 64
     implicitHeight: 64
-    hoverEnabled: true
-    focusPolicy: Qt.NoFocus
-    checkable: false
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.displayName
     Accessible.checkable: true
     Accessible.checked: root.isSelected
+    Accessible.focused: root.isCurrent
     Accessible.onPressAction: root.chosen(Qt.ControlModifier)
     Accessible.onToggleAction: root.chosen(Qt.ControlModifier)
-
-    background: FocusRing {
-        isShown: root.isCurrent
-        anchors.margins: -4
-        radius: Theme.cellRadius + 4
-    }
 
     Rectangle {
         anchors.fill: parent
@@ -86,42 +78,29 @@ AbstractButton {
         anchors.fill: parent
         onClicked: mouse => root.chosen(mouse.modifiers)
     }
-    AbstractButton {
-        id: removeButton
-
+    Rectangle {
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.margins: 4
         width: 17
         height: 17
-        padding: 0
-        hoverEnabled: true
-        focusPolicy: Qt.NoFocus
-        onClicked: root.removed()
+        radius: height / 2
+        color: Theme.scrim
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Remove %1 from tray").arg(root.displayName)
         Accessible.onPressAction: root.removed()
 
-        background: Loader {
-            active: root.isActive || removeButton.hovered
-            sourceComponent: Rectangle {
-                radius: height / 2
-                color: Theme.scrim
-
-                Symbol {
-                    anchors.centerIn: parent
-                    name: "xmark"
-                    size: 9
-                    color: Theme.accentText
-                }
-            }
+        Symbol {
+            anchors.centerIn: parent
+            name: "xmark"
+            size: 9
+            color: Theme.accentText
         }
-        Loader {
-            active: removeButton.hovered
-            sourceComponent: HelpTip {
-                visible: true
-                text: qsTr("Remove from tray")
-            }
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            onContainsMouseChanged: root.removeHovered(containsMouse)
+            onClicked: root.removed()
         }
     }
 }
