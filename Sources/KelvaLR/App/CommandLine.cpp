@@ -27,7 +27,8 @@ struct Options
 
     void addTo(QCommandLineParser &parser) const
     {
-        parser.setApplicationDescription(u"Desktop assistant for Lightroom Classic. Without an option it opens its window."_s);
+        parser.setApplicationDescription(
+            u"Desktop assistant for Lightroom Classic. Without an option it opens its window."_s);
         parser.addOptions({prompt, terminal, json, explain, assumeFrontmost, installPlugin, help, version});
     }
 };

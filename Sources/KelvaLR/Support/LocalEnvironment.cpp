@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QLatin1StringView fileName(".env.local");
-constexpr qint64 largestFile = qint64{1024} * 1024; ///< a list of variables; anything longer is something else
+constexpr qint64 largestFile =
+    qint64{1024} * 1024; ///< a list of variables; anything longer is something else
 
 std::optional<QString> unlessEmpty(const QString &text)
 {
