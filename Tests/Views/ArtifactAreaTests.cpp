@@ -85,6 +85,27 @@ TEST_F(ArtifactAreaTest, showsTheArtifactAndAboveItAReplyThatIsNewer)
     EXPECT_TRUE(shows(u"Progress"_s));
 }
 
+TEST_F(ArtifactAreaTest, scrollsToANewReplyWhereverTheUserHasScrolled)
+{
+    assistant.response.artifacts = {
+        Artifact::make(ArtifactKind::note, u"Long"_s, ArtifactStatus::ready, u"A line.\n"_s.repeated(300))};
+    submit(u"hello"_s);
+    ASSERT_TRUE(willShow(u"Note"_s));
+    const auto titlePlace = [this] { return itemWithText(window(), u"Note"_s)->mapToScene({}).y(); };
+    const QPointF where = place(u"Lightroom Output"_s).center();
+    QWheelEvent wheel(where, where, {0, -2000}, {0, -2000}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(&window(), &wheel);
+    ASSERT_TRUE(waitUntil([&] { return titlePlace() < 0; }));
+
+    assistant.response.artifacts = {};
+    assistant.response.message =
+        ConversationMessage::make(ConversationRole::assistant, InputMode::quiet, u"A later word."_s);
+    submit(u"and?"_s);
+    ASSERT_TRUE(willShow(u"A later word."_s));
+    EXPECT_TRUE(waitUntil([&] { return titlePlace() > 0; }));
+}
+
 TEST_F(ArtifactAreaTest, selectsByClickAndExtendsWithControlAndShift)
 {
     importPhotos({u"a"_s, u"b"_s, u"c"_s});

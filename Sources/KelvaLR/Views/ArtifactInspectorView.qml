@@ -68,7 +68,9 @@ Rectangle {
         delegate: MarkdownLine {
             width: ListView.view.width - 6 * Theme.unit
         }
-        ScrollBar.vertical: ScrollBar {}
+        ScrollBar.vertical: ScrollBar {
+            onPressedChanged: list.isAtBeginning = list.atYBeginning
+        }
         onMovementEnded: isAtBeginning = atYBeginning
         onTopMarginChanged: keepPlace()
 
@@ -86,7 +88,7 @@ Rectangle {
         Connections {
             target: root.artifact
 
-            function onArtifactReplaced(): void {
+            function onContentReplaced(): void {
                 list.isAtBeginning = true;
                 list.keepPlace();
             }

@@ -69,19 +69,25 @@ ArtifactViewModel::Content ArtifactViewModel::contentOf(const AppModel &model)
     const auto message = latestAssistantMessage(model.messages());
     const bool isReplyInView = message && (!artifact || message->createdAt > artifact->createdAt);
     const QString waiting = message ? u"Realtime Output"_s : u"Waiting for Response"_s;
-    return {artifact ? artifact->title : waiting, isReplyInView ? message->content : QString(), artifact};
+    Content content{.headerTitle = artifact ? artifact->title : waiting, .artifact = artifact};
+    if (isReplyInView) {
+        content.replyID = message->id;
+        content.reply = message->content;
+    }
+    return content;
 }
 
 void ArtifactViewModel::takeContent()
 {
     if (Content content = contentOf(m_model); content != m_content) {
         const auto idOf = [](const auto &artifact) { return artifact ? artifact->id : QUuid(); };
-        const bool isReplaced = idOf(content.artifact) != idOf(m_content.artifact);
+        const bool isReplaced =
+            content.replyID != m_content.replyID || idOf(content.artifact) != idOf(m_content.artifact);
         m_content = std::move(content);
         m_body.setMarkdown(hasArtifact() ? std::optional(m_content.artifact->body) : std::nullopt);
         Q_EMIT contentChanged();
         if (isReplaced) {
-            Q_EMIT artifactReplaced();
+            Q_EMIT contentReplaced();
         }
     }
 }

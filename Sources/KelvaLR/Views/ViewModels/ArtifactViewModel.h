@@ -59,13 +59,14 @@ public:
 
 Q_SIGNALS:
     void contentChanged();
-    /// Another artifact, or none, has come into view.
-    void artifactReplaced();
+    /// Another artifact or another reply has come into view, or none is any more.
+    void contentReplaced();
 
 private:
     struct Content
     {
         QString headerTitle;
+        QUuid replyID; ///< null when no reply is in view
         QString reply;
         std::optional<Artifact> artifact;
 
