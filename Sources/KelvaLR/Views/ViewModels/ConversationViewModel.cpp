@@ -73,11 +73,6 @@ QString ConversationViewModel::microphoneHelp() const
     return KelvaLR::microphoneHelp(m_model.realtimeVoiceState());
 }
 
-bool ConversationViewModel::isListening() const
-{
-    return m_model.isWakeWordListening() || m_model.realtimeVoiceState() == RealtimeVoiceState::recording;
-}
-
 QUrl ConversationViewModel::picturesFolder() const
 {
     return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));

@@ -25,7 +25,6 @@ class ConversationViewModel : public QObject
     Q_PROPERTY(QString statusTitle READ statusTitle NOTIFY voiceStatusChanged)
     Q_PROPERTY(QString statusSubtitle READ statusSubtitle NOTIFY voiceStatusChanged)
     Q_PROPERTY(QString microphoneHelp READ microphoneHelp NOTIFY voiceStatusChanged)
-    Q_PROPERTY(bool isListening READ isListening NOTIFY voiceStatusChanged)
     /// Where the folder chooser begins.
     Q_PROPERTY(QUrl picturesFolder READ picturesFolder CONSTANT)
 
@@ -39,8 +38,6 @@ public:
     [[nodiscard]] QString statusTitle() const;
     [[nodiscard]] QString statusSubtitle() const;
     [[nodiscard]] QString microphoneHelp() const;
-    /// The microphone is open: for the wake phrase or for a session.
-    [[nodiscard]] bool isListening() const;
     [[nodiscard]] QUrl picturesFolder() const;
 
     /// The window is there: applies the route that waits, and from now on every new one.
