@@ -82,29 +82,18 @@ Item {
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Imported Photos")
 
-            delegate: Item {
+            delegate: ImportedPhotoThumbnail {
                 id: cell
 
                 required property int index
-                required property string displayName
-                required property url thumbnail
-                required property bool isSelected
 
-                width: root.pitch
-                height: root.pitch
-
-                ImportedPhotoThumbnail {
-                    displayName: cell.displayName
-                    thumbnail: cell.thumbnail
-                    isSelected: cell.isSelected
-                    isCurrent: cell.GridView.isCurrentItem && cells.activeFocus
-                    onChosen: modifiers => {
-                        cells.currentIndex = cell.index;
-                        root.photos.select(cell.index, modifiers);
-                    }
-                    onRemoved: root.photos.remove(cell.index)
-                    onRemoveHovered: isHovered => tip.hoveredCell = isHovered ? this : null
+                isCurrent: GridView.isCurrentItem && cells.activeFocus
+                onChosen: modifiers => {
+                    cells.currentIndex = cell.index;
+                    root.photos.select(cell.index, modifiers);
                 }
+                onRemoved: root.photos.remove(cell.index)
+                onRemoveHovered: isHovered => tip.hoveredCell = isHovered ? cell : null
             }
         }
     }

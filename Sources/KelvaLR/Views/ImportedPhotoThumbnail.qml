@@ -75,10 +75,22 @@ Item {
         }
     }
     MouseArea {
+        readonly property bool isOverRemove: containsMouse && mouseX >= remove.x && mouseY <= remove.y + remove.height
+
         anchors.fill: parent
-        onClicked: mouse => root.chosen(mouse.modifiers)
+        hoverEnabled: true
+        onIsOverRemoveChanged: root.removeHovered(isOverRemove)
+        onClicked: mouse => {
+            if (isOverRemove) {
+                root.removed();
+            } else {
+                root.chosen(mouse.modifiers);
+            }
+        }
     }
     Rectangle {
+        id: remove
+
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.margins: 4
@@ -95,12 +107,6 @@ Item {
             name: "xmark"
             size: 9
             color: Theme.accentText
-        }
-        MouseArea {
-            anchors.fill: parent
-            hoverEnabled: true
-            onContainsMouseChanged: root.removeHovered(containsMouse)
-            onClicked: root.removed()
         }
     }
 }
