@@ -95,8 +95,11 @@ TEST_F(ArtifactAreaTest, scrollsToANewReplyWhereverTheUserHasScrolled)
     const QPointF where = place(u"Lightroom Output"_s).center();
     QWheelEvent wheel(where, where, {0, -2000}, {0, -2000}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
                       false);
-    QCoreApplication::sendEvent(&window(), &wheel);
-    ASSERT_TRUE(waitUntil([&] { return titlePlace() < 0; }));
+    // The rows take a moment to be laid out; until then there is nothing to scroll.
+    ASSERT_TRUE(waitUntil([&] {
+        QCoreApplication::sendEvent(&window(), &wheel);
+        return titlePlace() < 0;
+    }));
 
     assistant.response.artifacts = {};
     assistant.response.message =

@@ -68,10 +68,8 @@ Rectangle {
         delegate: MarkdownLine {
             width: ListView.view.width - 6 * Theme.unit
         }
-        ScrollBar.vertical: ScrollBar {
-            onPressedChanged: list.isAtBeginning = list.atYBeginning
-        }
-        onMovementEnded: isAtBeginning = atYBeginning
+        ScrollBar.vertical: ScrollBar {}
+        onContentYChanged: isAtBeginning = contentY < originY - topMargin + 1
         onTopMarginChanged: keepPlace()
 
         function keepPlace(): void {
@@ -81,7 +79,6 @@ Rectangle {
         }
 
         function reveal(from: real, extent: real): void {
-            isAtBeginning = false;
             contentY = Math.max(Math.min(contentY, from - spacing), from + extent + spacing - height);
         }
 
