@@ -93,10 +93,11 @@ TEST_F(ArtifactAreaTest, scrollsToANewReplyWhereverTheUserHasScrolled)
     ASSERT_TRUE(willShow(u"Note"_s));
     const auto titlePlace = [this] { return itemWithText(window(), u"Note"_s)->mapToScene({}).y(); };
     const QPointF where = place(u"Lightroom Output"_s).center();
-    QWheelEvent wheel(where, where, {0, -2000}, {0, -2000}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
-    // The rows take a moment to be laid out; until then there is nothing to scroll.
+    quint64 time = 0;
     ASSERT_TRUE(waitUntil([&] {
+        QWheelEvent wheel(where, where, {0, -2000}, {0, -2000}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        wheel.setTimestamp(time += 100); // the list asks how fast the wheel turns
         QCoreApplication::sendEvent(&window(), &wheel);
         return titlePlace() < 0;
     }));
