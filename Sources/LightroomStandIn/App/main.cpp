@@ -1,9 +1,9 @@
 #include "App/CommandLine.h"
-#include "App/TerminationSignals.h"
 #include "Catalog/Catalog.h"
 #include "Catalog/PresetLibrary.h"
 #include "Plugin/PluginHost.h"
 #include "SamplePhotos/SamplePhotos.h"
+#include "Support/TerminationSignals.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -67,8 +67,9 @@ int serve(const CommandLine &line)
     if (!presets) {
         return fail(presets.error());
     }
-    const TerminationSignals signals;
-    QObject::connect(&signals, &TerminationSignals::terminationRequested, qApp, &QCoreApplication::quit);
+    const KelvaLR::TerminationSignals signals;
+    QObject::connect(&signals, &KelvaLR::TerminationSignals::terminationRequested, qApp,
+                     &QCoreApplication::quit);
 
     PluginHost host(QDir(line.moduleFolder).filePath(u"KelvaLR.lrplugin"_s), *catalog, *presets);
     report(host);

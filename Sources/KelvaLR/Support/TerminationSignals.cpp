@@ -1,4 +1,4 @@
-#include "App/TerminationSignals.h"
+#include "Support/TerminationSignals.h"
 
 #include <QSocketNotifier>
 
@@ -8,7 +8,7 @@
 #include <atomic>
 #include <csignal>
 
-namespace StandIn {
+namespace KelvaLR {
 
 namespace {
 
@@ -53,4 +53,4 @@ TerminationSignals::~TerminationSignals()
     }
 }
 
-} // namespace StandIn
+} // namespace KelvaLR

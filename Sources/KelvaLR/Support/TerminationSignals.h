@@ -8,7 +8,7 @@ QT_BEGIN_NAMESPACE
 class QSocketNotifier;
 QT_END_NAMESPACE
 
-namespace StandIn {
+namespace KelvaLR {
 
 /// Turns SIGTERM and SIGINT into a signal of the event loop. One at a time for the process.
 class TerminationSignals : public QObject
@@ -26,4 +26,4 @@ private:
     std::array<int, 2> m_sockets{-1, -1}; ///< written in the signal handler, read by the event loop
 };
 
-} // namespace StandIn
+} // namespace KelvaLR
