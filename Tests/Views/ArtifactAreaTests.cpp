@@ -126,6 +126,18 @@ TEST_F(ArtifactAreaTest, selectsByClickAndExtendsWithControlAndShift)
     EXPECT_EQ(selectedNames(), QStringList{u"b"_s});
 }
 
+TEST_F(ArtifactAreaTest, aLongTrayOpensAtItsBeginningAndMakesOnlyTheCellsInSight)
+{
+    QStringList names;
+    for (int i = 1000; i < 3000; ++i) {
+        names.append(QString::number(i));
+    }
+    importPhotos(names);
+    EXPECT_TRUE(waitUntil([&] { return window().contentItem()->contains(place(u"1000"_s).center()); }));
+    EXPECT_EQ(control(u"2999"_s), nullptr);
+    EXPECT_LT(control(u"Imported Photos"_s)->childCount(), 200);
+}
+
 TEST_F(ArtifactAreaTest, selectsAndRemovesByKeyboard)
 {
     QStringList names;

@@ -54,6 +54,9 @@ Rectangle {
 
         /// Stays at the beginning while what stands above the rows grows, until the user scrolls away.
         property bool isAtBeginning: true
+        /// The margin that the place in the list was last set for. Before the list says that its margin has
+        /// changed, it moves by itself; that is no scrolling of the user's.
+        property real settledMargin: 0
 
         anchors.top: line.bottom
         anchors.bottom: parent.bottom
@@ -69,8 +72,15 @@ Rectangle {
             width: ListView.view.width - 6 * Theme.unit
         }
         ScrollBar.vertical: ScrollBar {}
-        onContentYChanged: isAtBeginning = contentY < originY - topMargin + 1
-        onTopMarginChanged: keepPlace()
+        onContentYChanged: {
+            if (topMargin === settledMargin) {
+                isAtBeginning = contentY < originY - topMargin + 1;
+            }
+        }
+        onTopMarginChanged: {
+            settledMargin = topMargin;
+            keepPlace();
+        }
 
         function keepPlace(): void {
             if (isAtBeginning) {

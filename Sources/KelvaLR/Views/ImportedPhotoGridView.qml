@@ -66,7 +66,7 @@ Item {
             cellWidth: root.pitch
             cellHeight: root.pitch
             cacheBuffer: 2 * root.pitch
-            reuseItems: false // Qt 6.4 leaves a removed cell in place when it reuses cells
+            reuseItems: true
             model: root.photos
             keyNavigationEnabled: true
             highlightFollowsCurrentItem: false // it would move the grid, which follows the viewport
@@ -88,6 +88,10 @@ Item {
                 required property int index
 
                 isCurrent: GridView.isCurrentItem && cells.activeFocus
+                // Qt 6.4 only stops drawing a cell whose photo is gone or out of sight: it would still be found.
+                GridView.onPooled: visible = false
+                GridView.onRemove: visible = false
+                GridView.onReused: visible = true
                 onChosen: modifiers => {
                     cells.currentIndex = cell.index;
                     root.photos.select(cell.index, modifiers);
