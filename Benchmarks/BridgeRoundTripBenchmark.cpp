@@ -38,8 +38,12 @@ struct BridgeOnly
     UnavailableLightroomMenus menus;
     UIAutomationService automation{accessibility, inputEvents, applications};
     QTemporaryDir modules;
-    LightroomService service{applications, accessibility, menus, automation,
-                             LightroomPluginInstaller(modules.path())};
+    LightroomService service{applications,
+                             accessibility,
+                             menus,
+                             automation,
+                             LightroomPluginInstaller(modules.path()),
+                             DebugLog(modules.filePath(QStringLiteral("app_debug.log")))};
 };
 
 qsizetype repliesLeft()

@@ -59,7 +59,7 @@ TEST_F(AppModelPromptTest, saysHowToConnectWhenNothingListens)
     lightroom.plugin.stopListening();
     LightroomService unreachable(lightroom.applications, lightroom.accessibility, lightroom.menus,
                                  lightroom.automation, LightroomPluginInstaller(lightroom.modules.path()),
-                                 lightroom.plugin.endpoint(), impatientTiming());
+                                 lightroom.log, lightroom.plugin.endpoint(), impatientTiming());
     model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase, speech,
                                                         unreachable, actions, lightroom.applications});
     submit(u"check lightroom connection"_s);

@@ -16,7 +16,7 @@ namespace KelvaLR::Testing {
 inline qsizetype appendElement(AccessibilityTree &tree, qsizetype parent, AccessibilityElement element)
 {
     const qsizetype index = tree.size();
-    element.id = static_cast<AccessibilityElementID>(index);
+    element.id = QString::number(index);
     element.parent = parent;
     tree.append(element);
     tree[parent].children.append(index);

@@ -98,8 +98,8 @@ BridgeTiming patientTiming()
 
 LightroomRig::LightroomRig(BridgeTiming timing)
     : service(std::make_unique<LightroomService>(applications, accessibility, menus, automation,
-                                                 LightroomPluginInstaller(modules.path()), plugin.endpoint(),
-                                                 timing))
+                                                 LightroomPluginInstaller(modules.path()), log,
+                                                 plugin.endpoint(), timing))
 {
 }
 

@@ -4,6 +4,7 @@
 #include "Platform/RunningApplications.h"
 #include "Services/Automation/UIAutomationService.h"
 #include "Services/Lightroom/LightroomService.h"
+#include "Support/DebugLog.h"
 #include "Support/RecordingPorts.h"
 #include "Support/ScriptedPlugin.h"
 
@@ -75,6 +76,7 @@ struct LightroomRig
     FakeLightroomMenus menus{journal};
     UIAutomationService automation{accessibility, inputEvents, applications};
     QTemporaryDir modules;
+    DebugLog log{modules.filePath(QStringLiteral("app_debug.log"))};
     ScriptedPlugin plugin;
     std::unique_ptr<LightroomService> service;
 };

@@ -4,6 +4,7 @@
 
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 
 namespace KelvaLR::Testing {
@@ -47,11 +48,44 @@ bool FakeAccessibility::isTrusted(TrustPrompt prompt)
     return trusted;
 }
 
-QCoro::Task<AccessibilityTree> FakeAccessibility::tree(qint64 processId)
+QCoro::Task<AccessibilityTree> FakeAccessibility::tree(qint64 processId, qsizetype limit)
 {
     co_await laterTurn();
     lastProcessId = processId;
-    co_return AccessibilityTree(elements); // QCoro 0.8 moves out of a member that is co_returned
+    AccessibilityTree roles;
+    for (const AccessibilityElement &element : elements.first(std::min(limit, elements.size()))) {
+        roles.append({.id = element.id,
+                      .role = element.role,
+                      .subrole = element.subrole,
+                      .parent = element.parent,
+                      .children = element.children});
+    }
+    co_return roles;
+}
+
+QCoro::Task<AccessibilityTree> FakeAccessibility::withAttributes(AccessibilityTree tree, ElementPlaces places,
+                                                                 ElementAttributes attributes)
+{
+    co_await laterTurn();
+    for (const qsizetype place : places) {
+        AccessibilityElement &target = tree[place];
+        const AccessibilityElement &source =
+            *std::ranges::find(elements, target.id, &AccessibilityElement::id);
+        const auto copy = [&](ElementAttribute attribute, auto AccessibilityElement::*member) {
+            if (attributes.testFlag(attribute)) {
+                target.*member = source.*member;
+            }
+        };
+        copy(ElementAttribute::title, &AccessibilityElement::title);
+        copy(ElementAttribute::description, &AccessibilityElement::description);
+        copy(ElementAttribute::value, &AccessibilityElement::value);
+        copy(ElementAttribute::help, &AccessibilityElement::help);
+        copy(ElementAttribute::placeholder, &AccessibilityElement::placeholder);
+        copy(ElementAttribute::identifier, &AccessibilityElement::identifier);
+        copy(ElementAttribute::actions, &AccessibilityElement::actions);
+        copy(ElementAttribute::center, &AccessibilityElement::center);
+    }
+    co_return tree;
 }
 
 QCoro::Task<bool> FakeAccessibility::press(AccessibilityElementID element)
@@ -83,6 +117,7 @@ QCoro::Task<> RecordingInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers
 {
     co_await laterTurn();
     m_journal.append(u"key %1 0x%2"_s.arg(virtualKeyCode).arg(modifiers.toInt(), 0, 16));
+    whenPosted();
 }
 
 QCoro::Task<> RecordingInputEvents::postText(QString text)

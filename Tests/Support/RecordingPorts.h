@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 // Test doubles of the ports that reach other programs. Their tasks answer on a later turn of the event loop,
 // as the real ones do.
 
@@ -34,7 +36,9 @@ public:
     explicit FakeAccessibility(QStringList &journal);
 
     bool isTrusted(TrustPrompt prompt) override;
-    QCoro::Task<AccessibilityTree> tree(qint64 processId) override;
+    QCoro::Task<AccessibilityTree> tree(qint64 processId, qsizetype limit) override;
+    QCoro::Task<AccessibilityTree> withAttributes(AccessibilityTree tree, ElementPlaces places,
+                                                  ElementAttributes attributes) override;
     QCoro::Task<bool> press(AccessibilityElementID element) override;
     QCoro::Task<bool> setValue(AccessibilityElementID element, double value) override;
     QCoro::Task<> focus(AccessibilityElementID element) override;
@@ -59,6 +63,8 @@ public:
     QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
     QCoro::Task<> postText(QString text) override;
     QCoro::Task<> postClick(QPointF point) override;
+
+    std::function<void()> whenPosted = [] {}; ///< after each key
 
 private:
     QStringList &m_journal;

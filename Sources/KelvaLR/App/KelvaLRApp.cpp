@@ -7,7 +7,7 @@ namespace KelvaLR {
 KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
     : m_automation(m_accessibility, m_inputEvents, m_applications)
     , m_lightroomService(m_applications, m_accessibility, m_lightroomMenus, m_automation,
-                         LightroomPluginInstaller(), {}, {}, diagnostics)
+                         LightroomPluginInstaller(), DebugLog(), {}, {}, diagnostics)
     , m_computerUseService(m_lightroomService, m_automation, m_applications)
     , m_assistantProvider(OpenAIAccess(ProductConfiguration::current().openAIEnvironmentKeyName,
                                        qEnvironmentVariable("OPENAI_BASE_URL")))

@@ -2,6 +2,7 @@
 
 #include "App/KelvaLRApp.h"
 #include "Platform/Linux/DesktopAppearance.h"
+#include "Platform/Linux/SessionBus.h"
 #include "Views/MainWindowHost.h"
 
 #include <QGuiApplication>
@@ -42,7 +43,7 @@ int runWindow(int &argumentCount, char **arguments)
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*.warning=false"_s);
     const QGuiApplication application(argumentCount, arguments);
     KelvaLRApp app(stderr);
-    DesktopAppearance appearance(DesktopAppearance::sessionBus());
+    DesktopAppearance appearance(existingSessionBus());
     const MainWindowHost host(
         {app.model(), app.intentRouter(), app.preferences(), app.lightroomService(), appearance});
     if (!host.window()) {

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 qsizetype add(AccessibilityTree &tree, qsizetype parent, AccessibilityElement element)
 {
     const qsizetype index = tree.size();
-    element.id = AccessibilityElementID(index);
+    element.id = QString::number(index);
     if (index > 0) {
         element.parent = parent;
         tree[parent].children.append(index);
@@ -23,7 +23,7 @@ qsizetype add(AccessibilityTree &tree, qsizetype parent, AccessibilityElement el
 
 std::optional<qsizetype> id(const AccessibilityElement *element)
 {
-    return element ? std::optional(qsizetype(element->id)) : std::nullopt;
+    return element ? std::optional(element->id.toLongLong()) : std::nullopt;
 }
 
 TEST(AccessibilitySlidersTest, findsTheFirstSliderDepthFirstByAnyOfItsLabels)

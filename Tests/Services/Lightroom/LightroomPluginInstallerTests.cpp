@@ -75,7 +75,7 @@ TEST(LightroomPluginInstallationTest, happensWhenTheServiceIsMadeAndIsReportedWh
     const QString inTheWay = rig.modules.filePath(u"file"_s);
     write(inTheWay, "");
     LightroomService blocked(rig.applications, rig.accessibility, rig.menus, rig.automation,
-                             LightroomPluginInstaller(inTheWay), {}, {}, report);
+                             LightroomPluginInstaller(inTheWay), rig.log, {}, {}, report);
     EXPECT_FALSE(blocked.isPluginInstalled());
     QFile reported;
     ASSERT_TRUE(reported.open(report, QIODevice::ReadOnly) && reported.seek(0));

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 namespace KelvaLR::Testing {
 namespace {
 
@@ -64,6 +66,26 @@ TEST(KeyFallbackTest, pressesLightroomsOwnShortcutsInTheLoupe)
     }
 }
 
+QString logged(const LightroomRig &rig)
+{
+    QFile file(rig.log.file());
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+TEST(KeyFallbackTest, logsWhetherTheWindowChanged)
+{
+    UnpluggedRig rig;
+    rig.applications.frontmost = rig.applications.running.constFirst();
+    rig.accessibility.elements = {
+        {.id = u"0"_s, .role = u"AXGroup"_s, .title = u"Sunset, no flag"_s},
+    };
+    waitForTask(rig.service->cullPhoto(u"pick"_s));
+    EXPECT_TRUE(logged(rig).contains("pressed P, and the window shows no change"_L1));
+    rig.inputEvents.whenPosted = [&] { rig.accessibility.elements[0].title = u"Sunset, picked"_s; };
+    waitForTask(rig.service->cullPhoto(u"reject"_s));
+    EXPECT_TRUE(logged(rig).contains("pressed X, and the window changed"_L1));
+}
+
 TEST(KeyFallbackTest, saysThatThePermissionIsMissing)
 {
     UnpluggedRig rig;
@@ -82,11 +104,11 @@ protected:
     SliderFallbackTest()
     {
         rig.accessibility.elements = {
-            {.id = 10, .role = u"AXApplication"_s, .children = {1}},
-            {.id = 11, .role = u"AXGroup"_s, .parent = 0, .children = {2, 3, 4}},
-            {.id = 12, .role = u"AXSlider"_s, .title = u"Exposure"_s, .value = 0.25, .parent = 1},
-            {.id = 13, .role = u"AXStaticText"_s, .value = u"Shadows"_s, .parent = 1},
-            {.id = 14, .role = u"AXSlider"_s, .title = u"Contrast"_s, .value = u"unread"_s, .parent = 1},
+            {.id = u"10"_s, .role = u"AXApplication"_s, .children = {1}},
+            {.id = u"11"_s, .role = u"AXGroup"_s, .parent = 0, .children = {2, 3, 4}},
+            {.id = u"12"_s, .role = u"AXSlider"_s, .title = u"Exposure"_s, .value = 0.25, .parent = 1},
+            {.id = u"13"_s, .role = u"AXStaticText"_s, .value = u"Shadows"_s, .parent = 1},
+            {.id = u"14"_s, .role = u"AXSlider"_s, .title = u"Contrast"_s, .value = u"unread"_s, .parent = 1},
         };
     }
 
@@ -106,6 +128,7 @@ TEST_F(SliderFallbackTest, movesTheSlidersOfTheDevelopModule)
               (QStringList{activated, develop, u"set 12 to 0.75"_s, activated, develop, u"set 14 to 10"_s,
                            activated, develop, u"set 12 to -3"_s, activated, develop}));
     EXPECT_EQ(rig.accessibility.lastProcessId, 7);
+    EXPECT_TRUE(logged(rig).contains("wrote 0.75 to the slider Exposure, which had 0.25 and has 0.25"_L1));
 }
 
 TEST_F(SliderFallbackTest, countsOnlyItemsOfThreePartsAndTriesOnlyThoseWithANumber)

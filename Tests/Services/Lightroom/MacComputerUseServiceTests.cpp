@@ -96,9 +96,13 @@ TEST_F(MacComputerUseServiceTest, drivesTheWindowOnlyWhileLightroomIsInFront)
     for (const Case &one : cases) {
         rig.journal.clear();
         rig.accessibility.elements = {
-            {.id = 0, .role = u"AXApplication"_s, .children = {1, 2}},
-            {.id = 1, .role = u"AXButton"_s, .title = u"Export"_s, .actions = {u"AXPress"_s}, .parent = 0},
-            {.id = 2,
+            {.id = u"0"_s, .role = u"AXApplication"_s, .children = {1, 2}},
+            {.id = u"1"_s,
+             .role = u"AXButton"_s,
+             .title = u"Export"_s,
+             .actions = {u"AXPress"_s},
+             .parent = 0},
+            {.id = u"2"_s,
              .role = u"AXTextField"_s,
              .title = u"Search"_s,
              .description = u"a field"_s,

@@ -46,12 +46,6 @@ DesktopAppearance::DesktopAppearance(QDBusConnection bus, QObject *parent)
     }
 }
 
-QDBusConnection DesktopAppearance::sessionBus()
-{
-    return qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ? QDBusConnection(QString())
-                                                                   : QDBusConnection::sessionBus();
-}
-
 bool DesktopAppearance::isDark() const
 {
     return m_isDark.value_or(QGuiApplication::palette().window().color().lightnessF() < 0.5F);

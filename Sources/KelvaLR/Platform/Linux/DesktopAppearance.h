@@ -19,9 +19,6 @@ public:
     /// @param bus the session bus; one that is not connected is a desktop without a portal
     explicit DesktopAppearance(QDBusConnection bus, QObject *parent = nullptr);
 
-    /// The bus of this session, not connected where there is none: asking for one then would start one.
-    [[nodiscard]] static QDBusConnection sessionBus();
-
     bool isDark() const override;
 
     bool isMotionReduced() const override { return m_isMotionReduced; }

@@ -7,9 +7,15 @@ bool UnavailableAccessibility::isTrusted(TrustPrompt)
     return false;
 }
 
-QCoro::Task<AccessibilityTree> UnavailableAccessibility::tree(qint64)
+QCoro::Task<AccessibilityTree> UnavailableAccessibility::tree(qint64, qsizetype)
 {
     co_return AccessibilityTree();
+}
+
+QCoro::Task<AccessibilityTree> UnavailableAccessibility::withAttributes(AccessibilityTree tree, ElementPlaces,
+                                                                        ElementAttributes)
+{
+    co_return tree;
 }
 
 QCoro::Task<bool> UnavailableAccessibility::press(AccessibilityElementID)

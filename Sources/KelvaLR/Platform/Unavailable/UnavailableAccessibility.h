@@ -9,7 +9,9 @@ class UnavailableAccessibility final : public Accessibility
 {
 public:
     bool isTrusted(TrustPrompt prompt) override;
-    QCoro::Task<AccessibilityTree> tree(qint64 processId) override;
+    QCoro::Task<AccessibilityTree> tree(qint64 processId, qsizetype limit) override;
+    QCoro::Task<AccessibilityTree> withAttributes(AccessibilityTree tree, ElementPlaces places,
+                                                  ElementAttributes attributes) override;
     QCoro::Task<bool> press(AccessibilityElementID element) override;
     QCoro::Task<bool> setValue(AccessibilityElementID element, double value) override;
     QCoro::Task<> focus(AccessibilityElementID element) override;

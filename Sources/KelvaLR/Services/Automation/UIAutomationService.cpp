@@ -3,7 +3,7 @@
 #include "Platform/Accessibility.h"
 #include "Platform/FrontmostApplication.h"
 #include "Platform/InputEvents.h"
-#include "Services/Automation/UIElementSearch.h"
+#include "Services/Automation/ElementReading.h"
 #include "Support/TextTrimming.h"
 
 #include <expected>
@@ -16,17 +16,16 @@ using namespace Qt::StringLiterals;
 
 using Ports = UIAutomationService::Ports;
 
-/// The frontmost application's tree, or the result that says why there is none.
-QCoro::Task<std::expected<AccessibilityTree, UIAutomationResult>> frontmostTree(Ports ports)
+/// The frontmost application, or the result that says why it cannot be looked at.
+std::expected<RunningApplication, UIAutomationResult> searchableApplication(const Ports &ports)
 {
     if (!ports.accessibility->isTrusted(TrustPrompt::shown)) {
-        co_return std::unexpected(UIAutomationResult::accessibilityDenied());
+        return std::unexpected(UIAutomationResult::accessibilityDenied());
     }
-    const auto application = ports.frontmost->frontmostApplication();
-    if (!application) {
-        co_return std::unexpected(UIAutomationResult::failure(u"No frontmost app is available."_s));
+    if (const auto application = ports.frontmost->frontmostApplication()) {
+        return *application;
     }
-    co_return co_await ports.accessibility->tree(application->processId);
+    return std::unexpected(UIAutomationResult::failure(u"No frontmost app is available."_s));
 }
 
 QCoro::Task<UIAutomationResult> click(Ports ports, QString name)
@@ -34,11 +33,13 @@ QCoro::Task<UIAutomationResult> click(Ports ports, QString name)
     if (name.isEmpty()) {
         co_return UIAutomationResult::failure(u"No click target provided."_s);
     }
-    const auto tree = co_await frontmostTree(ports);
-    if (!tree) {
-        co_return tree.error();
+    const auto application = searchableApplication(ports);
+    if (!application) {
+        co_return application.error();
     }
-    const AccessibilityElement *element = findElement(*tree, name, ElementPurpose::click);
+    const AccessibilityTree tree =
+        co_await treeToSearch(ports.accessibility, application->processId, name, ElementPurpose::click);
+    const AccessibilityElement *element = findElement(tree, name, ElementPurpose::click);
     if (!element) {
         co_return UIAutomationResult::failure(u"Could not find "_s + name + u" on screen."_s);
     }
@@ -57,11 +58,13 @@ QCoro::Task<UIAutomationResult> focus(Ports ports, QString name)
     if (name.isEmpty()) {
         co_return UIAutomationResult::failure(u"No field target provided."_s);
     }
-    const auto tree = co_await frontmostTree(ports);
-    if (!tree) {
-        co_return tree.error();
+    const auto application = searchableApplication(ports);
+    if (!application) {
+        co_return application.error();
     }
-    const AccessibilityElement *element = findElement(*tree, name, ElementPurpose::field);
+    const AccessibilityTree tree =
+        co_await treeToSearch(ports.accessibility, application->processId, name, ElementPurpose::field);
+    const AccessibilityElement *element = findElement(tree, name, ElementPurpose::field);
     if (!element) {
         co_return UIAutomationResult::failure(u"Could not find "_s + name + u" field on screen."_s);
     }
@@ -108,8 +111,11 @@ QCoro::Task<UIAutomationResult> press(Ports ports, KeyboardKey key)
 
 QCoro::Task<QList<UIElementDescription>> list(Ports ports)
 {
-    const auto tree = co_await frontmostTree(ports);
-    co_return tree ? visibleElements(*tree) : QList<UIElementDescription>();
+    const auto application = searchableApplication(ports);
+    if (!application) {
+        co_return QList<UIElementDescription>();
+    }
+    co_return visibleElements(co_await treeToList(ports.accessibility, application->processId));
 }
 
 } // namespace

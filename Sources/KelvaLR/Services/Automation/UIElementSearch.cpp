@@ -9,8 +9,6 @@ namespace KelvaLR {
 
 namespace {
 
-constexpr qsizetype listedElementLimit = 1500;
-
 constexpr std::array<QStringView, 4> textInputRoles{u"AXTextField", u"AXTextArea", u"AXComboBox",
                                                     u"AXSearchField"};
 
@@ -26,11 +24,6 @@ bool isOneOf(const QString &role, const std::array<QStringView, size> &roles)
     return std::ranges::find(roles, role) != roles.end();
 }
 
-bool isTextInput(const AccessibilityElement &element)
-{
-    return isOneOf(element.role, textInputRoles) || element.subrole == u"AXSearchField";
-}
-
 bool isClickable(const AccessibilityElement &element)
 {
     return isOneOf(element.role, clickableRoles) || element.subrole == u"AXCloseButton";
@@ -39,12 +32,6 @@ bool isClickable(const AccessibilityElement &element)
 bool isPressable(const AccessibilityElement &element)
 {
     return element.actions.contains(QLatin1StringView("AXPress"));
-}
-
-bool isInteractiveOrReadable(const AccessibilityElement &element)
-{
-    return isPressable(element) || isTextInput(element) || isClickable(element) ||
-           isOneOf(element.role, readableContainerRoles);
 }
 
 QString textValue(const AccessibilityElement &element)
@@ -113,19 +100,28 @@ std::optional<QString> nonEmpty(const std::optional<QString> &text)
     return text && !text->isEmpty() ? text : std::nullopt;
 }
 
-/// The element as it is listed; none for one without a label.
-std::optional<UIElementDescription> description(const AccessibilityElement &element)
+} // namespace
+
+bool isTextInput(const AccessibilityElement &element)
 {
-    for (const auto &label : {element.title, element.description, element.identifier}) {
-        if (nonEmpty(label)) {
-            return UIElementDescription{element.role, element.subrole, *label, nonEmpty(element.description),
-                                        nonEmpty(textValue(element))};
+    return isOneOf(element.role, textInputRoles) || element.subrole == u"AXSearchField";
+}
+
+bool isInteractiveOrReadable(const AccessibilityElement &element)
+{
+    return isPressable(element) || isTextInput(element) || isClickable(element) ||
+           isOneOf(element.role, readableContainerRoles);
+}
+
+std::optional<QString> label(const AccessibilityElement &element)
+{
+    for (const auto &text : {element.title, element.description, element.identifier}) {
+        if (nonEmpty(text)) {
+            return text;
         }
     }
     return std::nullopt;
 }
-
-} // namespace
 
 QString normalizedElementText(const QString &text)
 {
@@ -143,16 +139,22 @@ QString normalizedElementText(const QString &text)
     return collapsed.normalized(QString::NormalizationForm_C); // the same letter may be written in two ways
 }
 
+int matchScore(const AccessibilityElement &element, const QString &normalizedTarget)
+{
+    int score = 0;
+    for (const QString &text : elementTextValues(element)) {
+        score = std::max(score, textScore(normalizedElementText(text), normalizedTarget));
+    }
+    return score;
+}
+
 int elementScore(const AccessibilityElement &element, const QString &normalizedTarget, ElementPurpose purpose)
 {
     const bool isField = purpose == ElementPurpose::field;
     if (isField ? !isTextInput(element) : !isInteractiveOrReadable(element)) {
         return 0;
     }
-    int score = 0;
-    for (const QString &text : elementTextValues(element)) {
-        score = std::max(score, textScore(normalizedElementText(text), normalizedTarget));
-    }
+    int score = matchScore(element, normalizedTarget);
     if (score == 0) {
         return 0;
     }
@@ -189,10 +191,10 @@ QList<UIElementDescription> visibleElements(const AccessibilityTree &tree)
         if (visited++ == listedElementLimit) {
             return false;
         }
-        if (isInteractiveOrReadable(element)) {
-            if (auto listedElement = description(element)) {
-                listed.append(*std::move(listedElement));
-            }
+        const std::optional<QString> name = label(element);
+        if (name && isInteractiveOrReadable(element)) {
+            listed.append({element.role, element.subrole, *name, nonEmpty(element.description),
+                           nonEmpty(textValue(element))});
         }
         return true;
     });

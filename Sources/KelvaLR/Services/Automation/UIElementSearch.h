@@ -5,6 +5,8 @@
 
 #include <QList>
 
+#include <optional>
+
 // What the snapshot of an application's interface holds: pure functions over plain values.
 
 namespace KelvaLR {
@@ -15,6 +17,35 @@ enum class ElementPurpose { click, field };
 /// Lower-case, only letters, numbers and white space, runs of blanks collapsed; so that "Auto-Tone!" names
 /// the element "AutoTone".
 [[nodiscard]] QString normalizedElementText(const QString &text);
+
+/// The listing looks at no more elements than this, so that it stays readable.
+inline constexpr qsizetype listedElementLimit = 1500;
+
+[[nodiscard]] bool isTextInput(const AccessibilityElement &element);
+
+/// Whether a user can press it, type into it or read it; needs the element's actions where its role does not
+/// decide.
+[[nodiscard]] bool isInteractiveOrReadable(const AccessibilityElement &element);
+
+/// What the element is listed as; none for one without a label.
+[[nodiscard]] std::optional<QString> label(const AccessibilityElement &element);
+
+/// The places of the elements for which a condition holds.
+template <typename Condition>
+[[nodiscard]] ElementPlaces placesOf(const AccessibilityTree &tree, Condition condition)
+{
+    ElementPlaces places;
+    for (qsizetype place = 0; place < tree.size(); ++place) {
+        if (condition(tree.at(place))) {
+            places.append(place);
+        }
+    }
+    return places;
+}
+
+/// How well the element's texts alone fit; 0 when none does.
+/// @param normalizedTarget the name looked for, normalised
+[[nodiscard]] int matchScore(const AccessibilityElement &element, const QString &normalizedTarget);
 
 /// How well an element fits; 0 when it does not.
 /// @param normalizedTarget the name looked for, normalised
@@ -27,7 +58,7 @@ enum class ElementPurpose { click, field };
                                                       ElementPurpose purpose);
 
 /// The labelled elements that a user can press, type into or read, from the root downwards level by level.
-/// Looks at no more than 1,500 elements, so that the list stays readable.
+/// Looks at no more than `listedElementLimit` elements.
 [[nodiscard]] QList<UIElementDescription> visibleElements(const AccessibilityTree &tree);
 
 } // namespace KelvaLR

@@ -1,5 +1,7 @@
 #include "Services/Lightroom/AccessibilitySliders.h"
 
+#include "Services/Automation/UIElementSearch.h"
+
 #include <algorithm>
 
 namespace KelvaLR {
@@ -64,6 +66,37 @@ const AccessibilityElement *firstSliderBeside(const AccessibilityTree &tree, con
 }
 
 } // namespace
+
+QCoro::Task<std::optional<AccessibilityElement>> sliderNamed(Accessibility *accessibility, qint64 processId,
+                                                             QString name)
+{
+    using enum ElementAttribute;
+    AccessibilityTree tree = co_await accessibility->tree(processId, Accessibility::unlimited);
+    const auto withRole = [&tree](QLatin1StringView role) {
+        return placesOf(tree, [&](const AccessibilityElement &element) { return element.role == role; });
+    };
+    tree = co_await accessibility->withAttributes(std::move(tree), withRole(sliderRole),
+                                                  title | description | help | identifier);
+    const AccessibilityElement *slider = findSliderDirectly(tree, name);
+    if (!slider) {
+        tree = co_await accessibility->withAttributes(std::move(tree), withRole(staticTextRole), value);
+        slider = findSliderByTextLabel(tree, name);
+    }
+    if (!slider) {
+        co_return std::nullopt;
+    }
+    AccessibilityElement found = *slider;
+    found.value = co_await sliderValue(accessibility, found);
+    co_return found;
+}
+
+QCoro::Task<AccessibilityElement::Value> sliderValue(Accessibility *accessibility,
+                                                     AccessibilityElement slider)
+{
+    const AccessibilityTree read =
+        co_await accessibility->withAttributes({std::move(slider)}, {0}, ElementAttribute::value);
+    co_return AccessibilityElement::Value(read.constFirst().value);
+}
 
 const AccessibilityElement *findSliderDirectly(const AccessibilityTree &tree, const QString &name)
 {

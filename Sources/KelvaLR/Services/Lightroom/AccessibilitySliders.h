@@ -2,7 +2,18 @@
 
 #include "Platform/Accessibility.h"
 
+#include <QCoroTask>
+
 namespace KelvaLR {
+
+/// The slider of a running application that bears the name, or stands beside a text that does, with its value
+/// as it is now. The port outlives the task.
+QCoro::Task<std::optional<AccessibilityElement>> sliderNamed(Accessibility *accessibility, qint64 processId,
+                                                             QString name);
+
+/// The slider's value as it is now. The port outlives the task.
+QCoro::Task<AccessibilityElement::Value> sliderValue(Accessibility *accessibility,
+                                                     AccessibilityElement slider);
 
 /// The first slider, depth first, one of whose labels contains the name in any case. An empty name names no
 /// slider. The answer points into the tree; null when there is none.

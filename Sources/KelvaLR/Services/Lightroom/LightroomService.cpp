@@ -7,7 +7,7 @@ namespace KelvaLR {
 
 LightroomService::LightroomService(RunningApplications &applications, Accessibility &accessibility,
                                    LightroomMenus &menus, UIAutomationService &automation,
-                                   LightroomPluginInstaller installer, BridgeEndpoint endpoint,
+                                   LightroomPluginInstaller installer, DebugLog log, BridgeEndpoint endpoint,
                                    BridgeTiming timing, std::FILE *report, QObject *parent)
     : QObject(parent)
     , m_applications(applications)
@@ -15,6 +15,7 @@ LightroomService::LightroomService(RunningApplications &applications, Accessibil
     , m_menus(menus)
     , m_automation(automation)
     , m_installer(std::move(installer))
+    , m_log(std::move(log))
     , m_endpoint(std::move(endpoint))
     , m_timing(timing)
     , m_report(report)

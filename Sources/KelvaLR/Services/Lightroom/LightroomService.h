@@ -5,6 +5,7 @@
 #include "Services/Lightroom/Bridge/LightroomPluginCommand.h"
 #include "Services/Lightroom/Language/ParsedLightroomSliderCommand.h"
 #include "Services/Lightroom/LightroomPluginInstaller.h"
+#include "Support/DebugLog.h"
 
 #include <QCoroTask>
 
@@ -23,7 +24,6 @@ class RunningApplications;
 class UIAutomationService;
 struct KeyFallback;
 struct LightroomOperation;
-struct RunningApplication;
 struct SliderFallback;
 
 /// Whether a failed connection test may start the plug-in's server and test once more.
@@ -44,9 +44,10 @@ class LightroomService : public QObject
 
 public:
     /// Installs the plug-in. What is given by reference outlives the service and its tasks.
+    /// @param log learns whether the effect of a key or a slider was seen
     /// @param report where a failed installation is printed
     LightroomService(RunningApplications &applications, Accessibility &accessibility, LightroomMenus &menus,
-                     UIAutomationService &automation, LightroomPluginInstaller installer,
+                     UIAutomationService &automation, LightroomPluginInstaller installer, DebugLog log,
                      BridgeEndpoint endpoint = {}, BridgeTiming timing = {}, std::FILE *report = stdout,
                      QObject *parent = nullptr);
     ~LightroomService() override;
@@ -127,13 +128,13 @@ private:
     QCoro::Task<QString> proceedWithoutPlugin(SliderFallback fallback);
     QCoro::Task<bool> adjustSliderAccessibility(ParsedLightroomSliderCommand change);
     QCoro::Task<> pressAndWait(QLatin1StringView keyDescription, BridgeTiming::milliseconds pause);
-    [[nodiscard]] std::optional<RunningApplication> runningLightroom() const;
 
     RunningApplications &m_applications;
     Accessibility &m_accessibility;
     LightroomMenus &m_menus;
     UIAutomationService &m_automation;
     LightroomPluginInstaller m_installer;
+    DebugLog m_log;
     BridgeEndpoint m_endpoint;
     BridgeTiming m_timing;
     std::FILE *m_report;

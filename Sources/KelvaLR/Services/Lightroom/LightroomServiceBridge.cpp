@@ -1,7 +1,7 @@
 #include "Services/Lightroom/LightroomService.h"
 
 #include "Platform/LightroomMenus.h"
-#include "Platform/RunningApplications.h"
+#include "Platform/RunningLightroom.h"
 #include "Services/Lightroom/Bridge/BridgeTransport.h"
 #include "Services/Lightroom/Bridge/LightroomReply.h"
 #include "Services/Lightroom/Bridge/ReplyMailbox.h"
@@ -104,19 +104,9 @@ QCoro::Task<bool> LightroomService::startLightroomBridgeFromMenu()
     co_return false;
 }
 
-std::optional<RunningApplication> LightroomService::runningLightroom() const
-{
-    for (const RunningApplication &application : m_applications.runningApplications()) {
-        if (application.name.contains("Lightroom"_L1)) {
-            return application;
-        }
-    }
-    return std::nullopt;
-}
-
 QCoro::Task<bool> LightroomService::activateLightroom()
 {
-    const std::optional<RunningApplication> lightroom = runningLightroom();
+    const std::optional<RunningApplication> lightroom = runningLightroom(m_applications);
     if (!lightroom) {
         co_return false;
     }

@@ -1,7 +1,7 @@
 #include "Services/Lightroom/LightroomService.h"
 
 #include "Platform/Accessibility.h"
-#include "Platform/RunningApplications.h"
+#include "Platform/RunningLightroom.h"
 #include "Services/Automation/KeyboardKey.h"
 #include "Services/Automation/UIAutomationService.h"
 #include "Services/Lightroom/AccessibilitySliders.h"
@@ -11,6 +11,7 @@
 
 #include <QCoroTimer>
 
+#include <QDeadlineTimer>
 #include <QPointer>
 
 namespace KelvaLR {
@@ -30,6 +31,26 @@ double newValue(const AccessibilityElement &slider, const ParsedLightroomSliderC
     return change.relative && current ? *current + change.value : change.value;
 }
 
+QString valueText(const AccessibilityElement::Value &value)
+{
+    const double *number = std::get_if<double>(&value);
+    return number ? QString::number(*number) : u"no value"_s;
+}
+
+/// Whether the frontmost window shows something else than before, as soon as it does.
+QCoro::Task<bool> willChange(UIAutomationService automation, QList<UIElementDescription> before,
+                             BridgeTiming timing)
+{
+    const QDeadlineTimer deadline(timing.effect);
+    while (co_await automation.getVisibleElements() == before) {
+        if (deadline.hasExpired()) {
+            co_return false;
+        }
+        co_await QCoro::sleepFor(timing.poll);
+    }
+    co_return true;
+}
+
 } // namespace
 
 QCoro::Task<QString> LightroomService::proceedWithoutPlugin(QString explanation)
@@ -37,6 +58,7 @@ QCoro::Task<QString> LightroomService::proceedWithoutPlugin(QString explanation)
     co_return explanation;
 }
 
+/// "Pressed, and nothing happened" is found out from the log: the answer says only what was done.
 QCoro::Task<QString> LightroomService::proceedWithoutPlugin(KeyFallback fallback)
 {
     const QPointer<LightroomService> self(this);
@@ -51,7 +73,18 @@ QCoro::Task<QString> LightroomService::proceedWithoutPlugin(KeyFallback fallback
     if (!self) {
         co_return QString();
     }
-    co_return KeyFallbackSentence::outcome(fallback.kind, co_await m_automation.pressKey(*key));
+    const QList<UIElementDescription> before = co_await m_automation.getVisibleElements();
+    if (!self) {
+        co_return QString();
+    }
+    const UIAutomationResult pressed = co_await m_automation.pressKey(*key);
+    if (self && pressed.isSuccess()) {
+        const DebugLog log = m_log;
+        const bool isSeen = co_await willChange(m_automation, before, m_timing);
+        log.write(u"hands: pressed %1, and the window %2"_s.arg(
+            key->displayName, isSeen ? u"changed"_s : u"shows no change"_s));
+    }
+    co_return KeyFallbackSentence::outcome(fallback.kind, pressed);
 }
 
 QCoro::Task<QString> LightroomService::proceedWithoutPlugin(SliderFallback fallback)
@@ -78,7 +111,7 @@ QCoro::Task<QString> LightroomService::proceedWithoutPlugin(SliderFallback fallb
 QCoro::Task<bool> LightroomService::adjustSliderAccessibility(ParsedLightroomSliderCommand change)
 {
     const QPointer<LightroomService> self(this);
-    const std::optional<RunningApplication> lightroom = runningLightroom();
+    const std::optional<RunningApplication> lightroom = runningLightroom(m_applications);
     if (!lightroom) {
         co_return false;
     }
@@ -89,15 +122,18 @@ QCoro::Task<bool> LightroomService::adjustSliderAccessibility(ParsedLightroomSli
     if (!self || !m_accessibility.isTrusted(TrustPrompt::silent)) {
         co_return false;
     }
-    const AccessibilityTree tree = co_await m_accessibility.tree(lightroom->processId);
-    const AccessibilityElement *slider = findSliderDirectly(tree, change.sliderName);
-    if (!slider) {
-        slider = findSliderByTextLabel(tree, change.sliderName);
-    }
+    const auto slider = co_await sliderNamed(&m_accessibility, lightroom->processId, change.sliderName);
     if (!slider || !self) {
         co_return false;
     }
-    co_return co_await m_accessibility.setValue(slider->id, newValue(*slider, change));
+    const double value = newValue(*slider, change);
+    const bool isWritten = co_await m_accessibility.setValue(slider->id, value);
+    const auto now = self ? co_await sliderValue(&m_accessibility, *slider) : AccessibilityElement::Value();
+    if (self) {
+        m_log.write(u"hands: wrote %1 to the slider %2, which had %3 and has %4"_s.arg(
+            QString::number(value), change.sliderName, valueText(slider->value), valueText(now)));
+    }
+    co_return isWritten;
 }
 
 /// Presses a key, whether or not it can be pressed, and gives Lightroom the time to follow.

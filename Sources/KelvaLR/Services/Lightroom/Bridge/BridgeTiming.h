@@ -19,6 +19,7 @@ struct BridgeTiming
     milliseconds activation{200};    ///< for Lightroom to come to the front
     milliseconds developModule{300}; ///< for the Develop module to open
     milliseconds loupe{200};         ///< for the Loupe view to open
+    milliseconds effect{400};        ///< for the effect of a key or a slider to show, which is then logged
 
     bool operator==(const BridgeTiming &) const = default;
 };

@@ -1,0 +1,102 @@
+#include "Platform/Linux/AtSpiAccessibility.h"
+
+#include "Platform/Linux/AccessibilityTreeWalk.h"
+#include "Platform/Linux/AtSpiElement.h"
+
+namespace KelvaLR {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// For one walk and for one reading of attributes; a large window takes one second.
+constexpr std::chrono::seconds walkTime(10);
+
+struct PlacedQuestion
+{
+    qsizetype place;
+    void (*take)(AccessibilityElement &element, const QDBusMessage &answer);
+};
+
+} // namespace
+
+AtSpiAccessibility::AtSpiAccessibility(AccessibilityBus &bus, Trust trust)
+    : m_bus(bus)
+    , m_trust(std::move(trust))
+{
+}
+
+bool AtSpiAccessibility::isTrusted(TrustPrompt prompt)
+{
+    return m_trust(prompt);
+}
+
+QCoro::Task<AccessibilityTree> AtSpiAccessibility::tree(qint64 processId, qsizetype limit)
+{
+    AccessibilityBus *const bus = &m_bus;
+    const QDeadlineTimer deadline(walkTime);
+    const auto root = co_await applicationRoot(bus, processId);
+    if (!root) {
+        co_return AccessibilityTree();
+    }
+    co_return co_await walkTree(bus, *root, limit, deadline);
+}
+
+QCoro::Task<AccessibilityTree>
+AtSpiAccessibility::withAttributes(AccessibilityTree tree, ElementPlaces places, ElementAttributes attributes)
+{
+    QList<QDBusMessage> questions;
+    QList<PlacedQuestion> asked;
+    for (const qsizetype place : std::as_const(places)) {
+        for (const AtSpi::AttributeQuestion &one : AtSpi::questionsFor(tree.at(place), attributes)) {
+            questions.append(one.question);
+            asked.append({place, one.take});
+        }
+    }
+    const QList<QDBusMessage> answers =
+        co_await m_bus.answers(std::move(questions), QDeadlineTimer(walkTime));
+    for (qsizetype i = 0; i < answers.size(); ++i) {
+        asked.at(i).take(tree[asked.at(i).place], answers.at(i));
+    }
+    co_return tree;
+}
+
+QCoro::Task<bool> AtSpiAccessibility::press(AccessibilityElementID element)
+{
+    AccessibilityBus *const bus = &m_bus;
+    const auto action =
+        AtSpi::pressActionIn(co_await bus->answer(AtSpi::call(element, "Action"_L1, "GetActions"_L1)));
+    if (!action) {
+        co_return false;
+    }
+    const QDBusMessage done =
+        co_await bus->answer(AtSpi::call(element, "Action"_L1, "DoAction"_L1, {*action}));
+    // A program that shows a dialog of its own in answer to a press answers us only after that.
+    const bool isBusyWithIt =
+        done.type() == QDBusMessage::ErrorMessage && QDBusError(done).type() == QDBusError::NoReply;
+    co_return isBusyWithIt || (AtSpi::isAnswered(done) && done.arguments().constFirst().toBool());
+}
+
+QCoro::Task<bool> AtSpiAccessibility::setValue(AccessibilityElementID element, double value)
+{
+    const QDBusMessage answer = co_await m_bus.answer(
+        AtSpi::writeProperty(element, "Value"_L1, "CurrentValue"_L1, QVariant::fromValue(value)));
+    co_return answer.type() == QDBusMessage::ReplyMessage;
+}
+
+QCoro::Task<> AtSpiAccessibility::focus(AccessibilityElementID element)
+{
+    co_await m_bus.answer(AtSpi::call(element, "Component"_L1, "GrabFocus"_L1));
+}
+
+QCoro::Task<> AtSpiAccessibility::awaitTurn(qint64 processId)
+{
+    AccessibilityBus *const bus = &m_bus;
+    const auto root = co_await applicationRoot(bus, processId);
+    // The first answer may have been on its way before what was sent last; the second comes after it.
+    for (int i = 0; root && i < 2; ++i) {
+        co_await bus->answer(AtSpi::call(*root, "Accessible"_L1, "GetRole"_L1));
+    }
+}
+
+} // namespace KelvaLR
