@@ -31,8 +31,15 @@ TEST(CommandLine, saysWhatTheProgramWasStartedFor)
     EXPECT_EQ(parse({u"--explain"_s, u"--assume-lightroom-frontmost"_s}),
               (CommandLine{LaunchMode::explain, OutputFormat::text, {}, true}));
     EXPECT_EQ(parse({u"--install-plugin"_s})->mode, LaunchMode::installPlugin);
-    for (const QStringList &wrong :
-         {QStringList{u"--nonsense"_s}, {u"--prompt"_s}, {u"stray"_s}, {u"--terminal"_s, u"--prompt=a"_s}}) {
+    EXPECT_EQ(parse({u"--allow-computer-control"_s, u"no"_s}),
+              (CommandLine{.mode = LaunchMode::consent, .allowsComputerControl = false}));
+    EXPECT_EQ(parse({u"--terminal"_s, u"--allow-computer-control=yes"_s}),
+              (CommandLine{.mode = LaunchMode::terminal, .allowsComputerControl = true}));
+    for (const QStringList &wrong : {QStringList{u"--nonsense"_s},
+                                     {u"--prompt"_s},
+                                     {u"stray"_s},
+                                     {u"--allow-computer-control=maybe"_s},
+                                     {u"--terminal"_s, u"--prompt=a"_s}}) {
         const auto result = parse(wrong);
         ASSERT_FALSE(result.has_value()) << wrong.join(u' ').toStdString();
         EXPECT_EQ(result.error().count(u'\n'), 0);

@@ -15,6 +15,11 @@ protected:
     QQuickWindow &openSettings()
     {
         press(Qt::Key_Comma, Qt::ControlModifier);
+        return openedSettings();
+    }
+
+    static QQuickWindow &openedSettings()
+    {
         QQuickWindow *settings = nullptr;
         EXPECT_TRUE(waitUntil([&] {
             for (QWindow *candidate : QGuiApplication::topLevelWindows()) {
@@ -68,6 +73,15 @@ TEST_F(SettingsTest, keepsTheTogglesBeyondARestart)
     for (int i = 0; i < names.size(); ++i) {
         EXPECT_EQ(isOn(settings, names[i]), !defaults[i]) << names[i].toStdString();
     }
+}
+
+TEST_F(SettingsTest, openAtTheSwitchThatWasMissing)
+{
+    host->settings().askForComputerControl();
+    QQuickWindow &settings = openedSettings();
+    EXPECT_TRUE(waitUntil([&] { return control(settings, u"Allow Computer Control"_s)->state().focused; }));
+    QTest::keyClick(&settings, Qt::Key_Space);
+    EXPECT_TRUE(preferences->isOn(Preference::allowComputerControl));
 }
 
 TEST_F(SettingsTest, theResultLineIsGreenForAnInstallationOnly)

@@ -22,6 +22,11 @@ struct Options
                                        u"With --explain: take Lightroom for the frontmost application."_s};
     QCommandLineOption installPlugin{u"install-plugin"_s,
                                      u"Install the Lightroom plug-in, print its folder and end."_s};
+    QCommandLineOption allowComputerControl{
+        u"allow-computer-control"_s,
+        u"Whether KelvaLR may press keys and click in other programs, from now on. By itself it only "
+        "keeps the answer."_s,
+        u"yes|no"_s};
     QCommandLineOption help{{u"h"_s, u"help"_s}, u"Show this help."_s};
     QCommandLineOption version{{u"v"_s, u"version"_s}, u"Show the version."_s};
 
@@ -29,7 +34,8 @@ struct Options
     {
         parser.setApplicationDescription(
             u"Desktop assistant for Lightroom Classic. Without an option it opens its window."_s);
-        parser.addOptions({prompt, terminal, json, explain, assumeFrontmost, installPlugin, help, version});
+        parser.addOptions({prompt, terminal, json, explain, assumeFrontmost, installPlugin,
+                           allowComputerControl, help, version});
     }
 };
 
@@ -53,6 +59,14 @@ std::expected<CommandLine, QString> CommandLine::parse(const QStringList &argume
     line.prompts = parser.values(options.prompt);
     line.isLightroomAssumedFrontmost = parser.isSet(options.assumeFrontmost);
 
+    if (parser.isSet(options.allowComputerControl)) {
+        const QString answer = parser.value(options.allowComputerControl);
+        if (answer != "yes"_L1 && answer != "no"_L1) {
+            return std::unexpected(u"--allow-computer-control takes yes or no."_s);
+        }
+        line.allowsComputerControl = answer == "yes"_L1;
+    }
+
     const std::pair<const QCommandLineOption &, LaunchMode> modes[] = {
         {options.help, LaunchMode::help},         {options.version, LaunchMode::version},
         {options.explain, LaunchMode::explain},   {options.installPlugin, LaunchMode::installPlugin},
@@ -70,6 +84,9 @@ std::expected<CommandLine, QString> CommandLine::parse(const QStringList &argume
         if (mode == LaunchMode::help || mode == LaunchMode::version) {
             break;
         }
+    }
+    if (line.mode == LaunchMode::window && line.allowsComputerControl) {
+        line.mode = LaunchMode::consent;
     }
     return line;
 }

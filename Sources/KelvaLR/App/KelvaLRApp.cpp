@@ -5,7 +5,8 @@
 namespace KelvaLR {
 
 KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
-    : m_automation(m_accessibility, m_inputEvents, m_applications)
+    : m_accessibility(m_accessibilityBus, [this](TrustPrompt prompt) { return m_consent.isGiven(prompt); })
+    , m_automation(m_accessibility, m_inputEvents, m_applications)
     , m_lightroomService(m_applications, m_accessibility, m_lightroomMenus, m_automation,
                          LightroomPluginInstaller(), DebugLog(), {}, {}, diagnostics)
     , m_computerUseService(m_lightroomService, m_automation, m_applications)

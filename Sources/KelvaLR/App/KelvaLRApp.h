@@ -1,11 +1,13 @@
 #pragma once
 
+#include "App/ComputerControlConsent.h"
 #include "AppIntents/AppIntentRouter.h"
+#include "Platform/Linux/AccessibleLightroomMenus.h"
+#include "Platform/Linux/AtSpiAccessibility.h"
 #include "Platform/Linux/DesktopApplications.h"
 #include "Platform/Linux/SettingsPreferences.h"
-#include "Platform/Unavailable/UnavailableAccessibility.h"
+#include "Platform/Linux/X11Connection.h"
 #include "Platform/Unavailable/UnavailableInputEvents.h"
-#include "Platform/Unavailable/UnavailableLightroomMenus.h"
 #include "Services/Assistant/AssistantActionRunner.h"
 #include "Services/Assistant/IdleRealtimeVoiceService.h"
 #include "Services/Assistant/OpenAIAssistantProvider.h"
@@ -33,14 +35,19 @@ public:
 
     [[nodiscard]] Preferences &preferences() { return m_preferences; }
 
+    [[nodiscard]] ComputerControlConsent &consent() { return m_consent; }
+
     [[nodiscard]] LightroomService &lightroomService() { return m_lightroomService; }
 
 private:
     SettingsPreferences m_preferences;
+    X11Connection m_x11;
+    ComputerControlConsent m_consent{m_preferences, m_x11};
     DesktopApplications m_applications;
-    UnavailableAccessibility m_accessibility;
+    AccessibilityBus m_accessibilityBus;
+    AtSpiAccessibility m_accessibility;
     UnavailableInputEvents m_inputEvents;
-    UnavailableLightroomMenus m_lightroomMenus;
+    AccessibleLightroomMenus m_lightroomMenus{m_applications, m_accessibility};
 
     UIAutomationService m_automation;
     LightroomService m_lightroomService;

@@ -3,6 +3,7 @@
 #include "App/KelvaLRApp.h"
 #include "Platform/Linux/DesktopAppearance.h"
 #include "Platform/Linux/SessionBus.h"
+#include "Support/TerminationSignals.h"
 #include "Views/MainWindowHost.h"
 
 #include <QGuiApplication>
@@ -42,13 +43,18 @@ int runWindow(int &argumentCount, char **arguments)
     // A broken photo shows a placeholder; what its decoder thinks of it is no news for the terminal.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*.warning=false"_s);
     const QGuiApplication application(argumentCount, arguments);
+    const TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
+                     &TerminationSignals::exitApplication);
     KelvaLRApp app(stderr);
     DesktopAppearance appearance(existingSessionBus());
-    const MainWindowHost host(
+    MainWindowHost host(
         {app.model(), app.intentRouter(), app.preferences(), app.lightroomService(), appearance});
     if (!host.window()) {
         return 1;
     }
+    QObject::connect(&app.consent(), &ComputerControlConsent::asked, &host.settings(),
+                     &SettingsViewModel::askForComputerControl);
     host.window()->show();
     host.window()->requestActivate();
     return QGuiApplication::exec();

@@ -6,8 +6,10 @@
 #include "App/PromptSession.h"
 #include "App/StandardInputLines.h"
 #include "App/WindowMode.h"
+#include "Platform/Linux/SettingsPreferences.h"
 #include "Services/Lightroom/LightroomPluginInstaller.h"
 #include "Support/DetachedTask.h"
+#include "Support/TerminationSignals.h"
 
 #include <QCoreApplication>
 #include <QCoroTimer>
@@ -54,6 +56,14 @@ int runInstallPlugin()
     return 0;
 }
 
+int runConsent(const CommandLine &line)
+{
+    print(stdout, *line.allowsComputerControl
+                      ? u"KelvaLR may press keys and click in other programs from now on.\n"_s
+                      : u"KelvaLR does not press keys or click in other programs any more.\n"_s);
+    return 0;
+}
+
 QCoro::Task<> exitWithStatusOf(QCoro::Task<int> session)
 {
     co_await QCoro::sleepFor(
@@ -63,6 +73,9 @@ QCoro::Task<> exitWithStatusOf(QCoro::Task<int> session)
 
 int runConversation(const CommandLine &line)
 {
+    const TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
+                     &TerminationSignals::exitApplication);
     KelvaLRApp app(stderr);
     const bool isTerminal = line.mode == LaunchMode::terminal;
     const bool isTyped = isTerminal && line.format == OutputFormat::text && isatty(STDIN_FILENO) != 0 &&
@@ -96,6 +109,8 @@ int runWithoutWindow(const CommandLine &line)
         return runExplain(line);
     case LaunchMode::installPlugin:
         return runInstallPlugin();
+    case LaunchMode::consent:
+        return runConsent(line);
     case LaunchMode::prompts:
     case LaunchMode::terminal:
         return runConversation(line);
@@ -131,5 +146,8 @@ int main(int argc, char **argv)
         return runWindow(argc, argv);
     }
     const QCoreApplication application(argc, argv);
+    if (line->allowsComputerControl) {
+        SettingsPreferences().setOn(Preference::allowComputerControl, *line->allowsComputerControl);
+    }
     return runWithoutWindow(*line);
 }

@@ -1,5 +1,6 @@
 #include "Support/TerminationSignals.h"
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
 
 #include <sys/socket.h>
@@ -17,10 +18,17 @@ static_assert(std::atomic<int>::is_always_lock_free, "a signal handler must not 
 
 constexpr std::array handledSignals{SIGTERM, SIGINT};
 
-void handleSignal(int)
+void handleSignal(int signal)
 {
-    const char byte = 0;
+    const char byte = static_cast<char>(signal);
     [[maybe_unused]] const auto written = ::write(writingEnd.load(), &byte, sizeof byte);
+}
+
+void restoreDefaults()
+{
+    for (const int signal : handledSignals) {
+        std::signal(signal, SIG_DFL);
+    }
 }
 
 } // namespace
@@ -32,10 +40,7 @@ TerminationSignals::TerminationSignals()
     }
     writingEnd = m_sockets[0];
     auto *notifier = new QSocketNotifier(m_sockets[1], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
-        notifier->setEnabled(false);
-        Q_EMIT terminationRequested();
-    });
+    connect(notifier, &QSocketNotifier::activated, this, &TerminationSignals::readSignal);
     for (const int signal : handledSignals) {
         std::signal(signal, handleSignal);
     }
@@ -43,13 +48,25 @@ TerminationSignals::TerminationSignals()
 
 TerminationSignals::~TerminationSignals()
 {
-    for (const int signal : handledSignals) {
-        std::signal(signal, SIG_DFL);
-    }
+    restoreDefaults();
     for (const int socket : m_sockets) {
         if (socket >= 0) {
             ::close(socket);
         }
+    }
+}
+
+void TerminationSignals::exitApplication(int signal)
+{
+    QCoreApplication::exit(128 + signal);
+}
+
+void TerminationSignals::readSignal()
+{
+    char byte = 0;
+    if (::read(m_sockets[1], &byte, sizeof byte) == sizeof byte) {
+        restoreDefaults();
+        Q_EMIT terminationRequested(byte);
     }
 }
 

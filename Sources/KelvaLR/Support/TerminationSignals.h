@@ -10,7 +10,8 @@ QT_END_NAMESPACE
 
 namespace KelvaLR {
 
-/// Turns SIGTERM and SIGINT into a signal of the event loop. One at a time for the process.
+/// Turns SIGTERM and SIGINT into a signal of the event loop, so that a program can put things in order first.
+/// A second one ends the program as usual. One at a time for the process.
 class TerminationSignals : public QObject
 {
     Q_OBJECT
@@ -19,10 +20,15 @@ public:
     TerminationSignals();
     ~TerminationSignals() override;
 
+    /// Ends the event loop with the status that shells give to a program that a signal ended.
+    static void exitApplication(int signal);
+
 Q_SIGNALS:
-    void terminationRequested();
+    void terminationRequested(int signal);
 
 private:
+    void readSignal();
+
     std::array<int, 2> m_sockets{-1, -1}; ///< written in the signal handler, read by the event loop
 };
 

@@ -122,5 +122,14 @@ ApplicationWindow {
             window.raise();
             window.requestActivate();
         }
+
+        Connections {
+            target: root.settings
+
+            function onComputerControlAsked(): void {
+                settingsLoader.open();
+                (settingsLoader.item as SettingsWindow).pointOutComputerControl();
+            }
+        }
     }
 }

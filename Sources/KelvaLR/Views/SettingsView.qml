@@ -11,6 +11,11 @@ Column {
 
     required property SettingsViewModel model
 
+    /// Puts the keyboard on the setting, ringed.
+    function pointOutComputerControl(): void {
+        computerControl.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     width: 440
     padding: 20
     spacing: 6 * Theme.unit
@@ -35,6 +40,8 @@ Column {
         title: qsTr("Permissions")
 
         SettingsToggle {
+            id: computerControl
+
             text: qsTr("Allow Computer Control")
             checked: root.model.allowComputerControl
             onToggled: root.model.allowComputerControl = checked

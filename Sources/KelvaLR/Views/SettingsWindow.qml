@@ -20,6 +20,10 @@ ApplicationWindow {
     color: Theme.window
     font.family: Theme.fontFamily
 
+    function pointOutComputerControl(): void {
+        view.pointOutComputerControl();
+    }
+
     Shortcut {
         sequences: ["Escape", "Ctrl+W"]
         onActivated: root.close()

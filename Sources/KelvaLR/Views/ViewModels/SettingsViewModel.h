@@ -48,6 +48,9 @@ public:
 
     [[nodiscard]] bool isTesting() const { return m_isTesting; }
 
+    /// Leads the user to the setting that was missing for something that was asked for.
+    void askForComputerControl();
+
     Q_INVOKABLE void installPlugin();
     Q_INVOKABLE void openPluginManager();
     Q_INVOKABLE void revealInstalledPlugin();
@@ -55,6 +58,8 @@ public:
     Q_INVOKABLE void testConnection();
 
 Q_SIGNALS:
+    /// The setting "Allow Computer Control" should be shown.
+    void computerControlAsked();
     void preferencesChanged();
     void isPluginConnectedChanged();
     void resultChanged();
