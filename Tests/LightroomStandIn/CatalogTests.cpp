@@ -210,3 +210,50 @@ TEST(PresetLibrary, shipsPresetsAndPutsTheUsersOwnFirst)
     EXPECT_EQ(library.preset(5)->name, u"Soft Matte"_s);
     EXPECT_EQ(library.preset(7), nullptr);
 }
+
+TEST(Catalog, announcesWhatHasChanged)
+{
+    const QTemporaryDir folder;
+    writeFile(folder.filePath(u"a.jpg"_s));
+    writeFile(folder.filePath(u"b.jpg"_s));
+    writeFile(folder.filePath(u"elsewhere/c.jpg"_s));
+    Catalog catalog = Catalog::open(folder.path()).value();
+    QStringList heard;
+    QObject::connect(&catalog.changes(), &CatalogChanges::selectionChanged,
+                     [&] { heard.append(u"selection"_s); });
+    QObject::connect(&catalog.changes(), &CatalogChanges::photosAdded, [&] { heard.append(u"added"_s); });
+    QObject::connect(&catalog.changes(), &CatalogChanges::photosChanged,
+                     [&](const std::vector<int> &ids) { heard.append(u"changed %1"_s.arg(ids.front())); });
+
+    catalog.select(2, {2});
+    catalog.select(2, {2});
+    catalog.beginChanges();
+    catalog.change(2, rating(3));
+    EXPECT_TRUE(catalog.addPhoto(folder.filePath(u"elsewhere/c.jpg"_s)));
+    EXPECT_EQ(heard, QStringList{u"selection"_s}); // not before they are made
+    EXPECT_TRUE(catalog.commitChanges());
+    EXPECT_EQ(heard, (QStringList{u"selection"_s, u"added"_s, u"changed 2"_s}));
+
+    catalog.beginChanges();
+    catalog.change(1, rating(4));
+    catalog.discardChanges();
+    EXPECT_EQ(heard.size(), 3);
+}
+
+TEST(Catalog, letsTheUserChangeAPhotoWhileATaskCollectsChanges)
+{
+    const QTemporaryDir folder;
+    writeFile(folder.filePath(u"a.jpg"_s));
+    Catalog catalog = Catalog::open(folder.path()).value();
+    catalog.beginChanges();
+    catalog.change(1, rating(3));
+    EXPECT_TRUE(catalog.changeNow(1, {.pickStatus = 1, .keywords = {{u"lake"_s, u"Süd, Ufer"_s}}}));
+    EXPECT_EQ(xmpText(folder.filePath(u"a.xmp"_s), "Xmp.xmp.Rating"), QString());
+    EXPECT_TRUE(catalog.commitChanges());
+
+    const PhotoState state = catalog.state(1).value();
+    EXPECT_EQ(state.rating, 3);
+    EXPECT_EQ(state.pickStatus, 1);
+    EXPECT_EQ(state.keywords, (QStringList{u"lake"_s, u"Süd, Ufer"_s}));
+    EXPECT_FALSE(catalog.changeNow(7, rating(1)));
+}

@@ -120,7 +120,7 @@ HostedPlugin::HostedPlugin(const Setup &setup)
                      [this](const DialogMessage &message) { m_messages.push_back(message); });
     QObject::connect(m_host.get(), &PluginHost::taskFailed, m_host.get(),
                      [this](const QString &error) { m_failures.append(error); });
-    load();
+    load(setup.start);
     if (setup.shouldListen) {
         const QDeadlineTimer deadline(portPatience);
         while (waitUntil([this] { return m_isListening || m_isRefused; }) && !m_isListening &&
@@ -131,10 +131,10 @@ HostedPlugin::HostedPlugin(const Setup &setup)
     }
 }
 
-void HostedPlugin::load()
+void HostedPlugin::load(PluginStart start)
 {
     m_isRefused = false;
-    const auto loaded = m_host->load();
+    const auto loaded = m_host->load(start);
     EXPECT_TRUE(loaded.has_value()) << loaded.error().toStdString();
 }
 

@@ -38,6 +38,7 @@ public:
         QStringList photos{QStringLiteral("a.jpg"), QStringLiteral("b.CR3"), QStringLiteral("c.dng")};
         std::vector<std::pair<QString, QByteArray>> presets; ///< file name and content
         FacadeSources facades;
+        PluginStart start = PluginStart::asItsManifestSays;
         bool shouldListen = true; ///< wait until the plug-in listens
     };
 
@@ -67,7 +68,7 @@ public:
     [[nodiscard]] const QStringList &failures() const { return m_failures; } ///< of tasks and callbacks
 
 private:
-    void load();
+    void load(PluginStart start = PluginStart::asItsManifestSays);
 
     QTemporaryDir m_directory;
     std::optional<Catalog> m_catalog;

@@ -20,6 +20,11 @@ QString placeOf(const QString &path)
     return canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
 }
 
+QString noSuchPhoto()
+{
+    return u"There is no such photo in the catalog."_s;
+}
+
 } // namespace
 
 std::expected<Catalog, QString> Catalog::open(const QString &folder)
@@ -54,10 +59,15 @@ void Catalog::append(const QString &path)
 
 void Catalog::select(int active, const std::vector<int> &selected)
 {
-    m_selected.clear();
-    std::ranges::copy_if(selected, std::back_inserter(m_selected),
+    std::vector<int> known;
+    std::ranges::copy_if(selected, std::back_inserter(known),
                          [this](int id) { return photo(id) != nullptr; });
-    m_active = photo(active) ? std::optional(active) : std::nullopt;
+    const auto knownActive = photo(active) ? std::optional(active) : std::nullopt;
+    if (known != m_selected || knownActive != m_active) {
+        m_selected = std::move(known);
+        m_active = knownActive;
+        Q_EMIT m_announcer->selectionChanged();
+    }
 }
 
 const Photo *Catalog::photo(int id) const
@@ -74,7 +84,7 @@ std::expected<PhotoState, QString> Catalog::state(int id) const
 {
     const Photo *wanted = photo(id);
     if (!wanted) {
-        return std::unexpected(u"There is no such photo in the catalog."_s);
+        return std::unexpected(noSuchPhoto());
     }
     auto state = readSidecar(wanted->sidecarPath);
     return state ? m_changes.value(id).appliedTo(*std::move(state)) : state;
@@ -89,13 +99,38 @@ void Catalog::beginChanges()
 std::expected<void, QString> Catalog::commitChanges()
 {
     const QHash<int, PhotoChanges> changes = std::exchange(m_changes, {});
-    m_photosBefore.reset();
-    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
-        if (const auto changed = changeSidecar(photo(change.key())->sidecarPath, change.value()); !changed) {
-            return changed;
-        }
+    const auto before = std::exchange(m_photosBefore, std::nullopt);
+    std::vector<int> changed;
+    std::expected<void, QString> result;
+    for (auto change = changes.cbegin(); result && change != changes.cend(); ++change) {
+        result = changeSidecar(photo(change.key())->sidecarPath, change.value());
+        changed.push_back(change.key());
     }
-    return {};
+    if (before && *before < m_photos.size()) {
+        Q_EMIT m_announcer->photosAdded();
+    }
+    if (!changed.empty()) {
+        Q_EMIT m_announcer->photosChanged(changed);
+    }
+    return result;
+}
+
+std::expected<void, QString> Catalog::changeNow(int id, const PhotoChanges &changes)
+{
+    const Photo *wanted = photo(id);
+    if (!wanted) {
+        return std::unexpected(noSuchPhoto());
+    }
+    auto result = changeSidecar(wanted->sidecarPath, changes);
+    Q_EMIT m_announcer->photosChanged({id});
+    return result;
+}
+
+void Catalog::announceSidecars() const
+{
+    std::vector<int> ids;
+    std::ranges::transform(m_photos, std::back_inserter(ids), &Photo::id);
+    Q_EMIT m_announcer->photosChanged(ids);
 }
 
 void Catalog::discardChanges()
@@ -116,6 +151,7 @@ void Catalog::change(int id, const PhotoChanges &changes)
     PhotoChanges &pending = m_changes[id];
     pending.rating = changes.rating ? changes.rating : pending.rating;
     pending.pickStatus = changes.pickStatus ? changes.pickStatus : pending.pickStatus;
+    pending.keywords = changes.keywords ? changes.keywords : pending.keywords;
     pending.develop.insert(changes.develop);
 }
 

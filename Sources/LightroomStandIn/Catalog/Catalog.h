@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Catalog/CatalogChanges.h"
 #include "Catalog/Sidecar.h"
 #include "Catalog/SidecarNames.h"
 
@@ -7,6 +8,7 @@
 #include <QString>
 
 #include <expected>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -30,6 +32,9 @@ class Catalog
 public:
     /// The catalog of the photos that lie in this folder, by name; all selected, the first one active.
     [[nodiscard]] static std::expected<Catalog, QString> open(const QString &folder);
+
+    /// Whoever shows the catalog listens here.
+    [[nodiscard]] const CatalogChanges &changes() const { return *m_announcer; }
 
     [[nodiscard]] const std::vector<Photo> &photos() const { return m_photos; }
 
@@ -57,9 +62,16 @@ public:
     void change(int id, const PhotoChanges &changes);
     [[nodiscard]] std::expected<int, QString> addPhoto(const QString &path);
 
+    /// A change of the user's own: made at once, beside the changes that are being collected.
+    [[nodiscard]] std::expected<void, QString> changeNow(int id, const PhotoChanges &changes);
+
+    /// Announces all photos: another program may have written their sidecars.
+    void announceSidecars() const;
+
 private:
     void append(const QString &path);
 
+    std::unique_ptr<CatalogChanges> m_announcer = std::make_unique<CatalogChanges>();
     std::vector<Photo> m_photos;
     QHash<QString, int> m_idsByPath; ///< by canonical path
     std::vector<int> m_selected;

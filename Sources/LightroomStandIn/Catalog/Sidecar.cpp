@@ -13,6 +13,7 @@ namespace {
 
 constexpr auto ratingKey = "Xmp.xmp.Rating";
 constexpr auto pickKey = "Xmp.xmpDM.pick";
+constexpr auto keywordsKey = "Xmp.dc.subject";
 
 /// Without these Camera Raw takes a sidecar for one that says nothing about the development, or reads the
 /// settings by the rules of an older process version.
@@ -38,6 +39,7 @@ PhotoState PhotoChanges::appliedTo(PhotoState state) const
 {
     state.rating = rating ? rating : state.rating;
     state.pickStatus = pickStatus.value_or(state.pickStatus);
+    state.keywords = keywords.value_or(state.keywords);
     state.develop.insert(develop);
     return state;
 }
@@ -53,6 +55,7 @@ std::expected<PhotoState, QString> readSidecar(const QString &path)
     const int rating = static_cast<int>(packet->text(ratingKey).toDouble(&isNumber));
     state.rating = isNumber ? std::optional(rating) : std::nullopt;
     state.pickStatus = packet->text(pickKey).toInt();
+    state.keywords = packet->items(keywordsKey);
     state.develop = packet->cameraRawSettings();
     return state;
 }
@@ -68,6 +71,9 @@ std::expected<void, QString> changeSidecar(const QString &path, const PhotoChang
     }
     if (changes.pickStatus) {
         packet->setText(pickKey, QString::number(*changes.pickStatus));
+    }
+    if (changes.keywords) {
+        packet->setItems(keywordsKey, *changes.keywords);
     }
     for (auto change = changes.develop.cbegin(); change != changes.develop.cend(); ++change) {
         packet->setCameraRawValue(change.key(), change.value());

@@ -12,6 +12,7 @@ struct PhotoState
 {
     std::optional<int> rating; ///< stars; none when never rated
     int pickStatus = 0;        ///< 1 picked, -1 rejected
+    QStringList keywords;
     CameraRawSettings develop;
 
     bool operator==(const PhotoState &) const = default;
@@ -22,6 +23,7 @@ struct PhotoChanges
 {
     std::optional<int> rating;
     std::optional<int> pickStatus;
+    std::optional<QStringList> keywords;
     CameraRawSettings develop;
 
     /// The state with these changes made.

@@ -53,6 +53,15 @@ QStringList itemsOf(const Exiv2::Xmpdatum &datum)
     return items;
 }
 
+Exiv2::XmpArrayValue listOf(Exiv2::TypeId kind, const QStringList &items)
+{
+    Exiv2::XmpArrayValue list(kind);
+    for (const QString &item : items) {
+        list.read(item.toStdString());
+    }
+    return list;
+}
+
 } // namespace
 
 XmpPacket::XmpPacket()
@@ -123,6 +132,17 @@ void XmpPacket::setText(const char *key, const QString &text)
     m_data[key] = text.toStdString();
 }
 
+QStringList XmpPacket::items(const char *key) const
+{
+    const auto found = m_data.findKey(Exiv2::XmpKey(key));
+    return found == m_data.end() ? QStringList() : itemsOf(*found);
+}
+
+void XmpPacket::setItems(const char *key, const QStringList &items)
+{
+    replace(Exiv2::XmpKey(key), listOf(Exiv2::xmpBag, items));
+}
+
 CameraRawSettings XmpPacket::cameraRawSettings() const
 {
     CameraRawSettings settings;
@@ -148,18 +168,19 @@ CameraRawSettings XmpPacket::cameraRawSettings() const
 void XmpPacket::setCameraRawValue(const QString &property, const CameraRawValue &value)
 {
     const Exiv2::XmpKey key(cameraRawKey(property).toStdString());
+    if (const auto *text = std::get_if<QString>(&value)) {
+        replace(key, Exiv2::XmpTextValue(text->toStdString()));
+    } else {
+        replace(key, listOf(Exiv2::xmpSeq, std::get<QStringList>(value)));
+    }
+}
+
+void XmpPacket::replace(const Exiv2::XmpKey &key, const Exiv2::Value &value)
+{
     if (const auto old = m_data.findKey(key); old != m_data.end()) {
         m_data.erase(old);
     }
-    if (const auto *text = std::get_if<QString>(&value)) {
-        m_data.add(key, Exiv2::XmpTextValue(text->toStdString()).clone().get());
-        return;
-    }
-    Exiv2::XmpArrayValue list(Exiv2::xmpSeq);
-    for (const QString &item : std::get<QStringList>(value)) {
-        list.read(item.toStdString());
-    }
-    m_data.add(key, &list);
+    m_data.add(key, &value);
 }
 
 } // namespace StandIn

@@ -29,11 +29,17 @@ public:
     [[nodiscard]] QString text(const char *key) const;
     void setText(const char *key, const QString &text);
 
+    /// The items of an unordered list such as "Xmp.dc.subject".
+    [[nodiscard]] QStringList items(const char *key) const;
+    void setItems(const char *key, const QStringList &items);
+
     /// The simple properties and lists of the camera-raw-settings namespace. Structures are not among them.
     [[nodiscard]] CameraRawSettings cameraRawSettings() const;
     void setCameraRawValue(const QString &property, const CameraRawValue &value);
 
 private:
+    void replace(const Exiv2::XmpKey &key, const Exiv2::Value &value);
+
     Exiv2::XmpData m_data;
 };
 

@@ -14,9 +14,6 @@ namespace StandIn {
 
 namespace {
 
-/// What a photo has that says nothing of its white balance; the stand-in does not read a camera's own.
-constexpr double neutralTemperature = 5500;
-
 int photoId(const LuaValues &arguments)
 {
     return static_cast<int>(argument(arguments, 0).number(0));
@@ -68,8 +65,9 @@ LuaTable settingTable(const CameraRawSettings &settings)
         table.fields.push_back(
             {key, std::visit([](const auto &value) { return settingValue(value); }, setting.value())});
     }
-    if (!settings.contains(u"Temperature"_s)) {
-        table.fields.push_back({"Temperature", neutralTemperature});
+    if (const DevelopSetting *temperature = developSettingWithKey(u"Temperature");
+        !settings.contains(temperature->property)) {
+        table.fields.push_back({"Temperature", temperature->neutral});
     }
     return table;
 }

@@ -1,6 +1,7 @@
 #include "Plugin/PluginEnvironment.h"
 
 #include "Plugin/CatalogPrimitives.h"
+#include "Plugin/CurrentModule.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -41,8 +42,10 @@ double secondsSinceStart()
 } // namespace
 
 PluginEnvironment::PluginEnvironment(const PluginIdentity &plugin, Catalog &catalog,
-                                     const PresetLibrary &presets, const QHash<QString, QByteArray> &facades)
-    : m_scheduler(m_state)
+                                     const PresetLibrary &presets, CurrentModule &module,
+                                     const QHash<QString, QByteArray> &facades)
+    : m_module(module)
+    , m_scheduler(m_state)
     , m_sockets(m_state)
 {
     connect(&m_scheduler, &TaskScheduler::taskFailed, this, &PluginEnvironment::taskFailed);
@@ -121,9 +124,9 @@ LuaTable PluginEnvironment::taskPrimitives()
 
 LuaTable PluginEnvironment::applicationPrimitives()
 {
-    const auto currentModule = [this](const LuaValues &) -> LuaResult { return LuaValues{m_module}; };
+    const auto currentModule = [this](const LuaValues &) -> LuaResult { return LuaValues{m_module.name()}; };
     const auto switchToModule = [this](const LuaValues &arguments) -> LuaResult {
-        m_module = argument(arguments, 0).text().toUtf8();
+        m_module.switchTo(argument(arguments, 0).text().toUtf8());
         return {};
     };
     const auto showMessage = [this](const LuaValues &arguments) -> LuaResult {

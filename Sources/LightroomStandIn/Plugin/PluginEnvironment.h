@@ -13,6 +13,7 @@
 namespace StandIn {
 
 class Catalog;
+class CurrentModule;
 class PresetLibrary;
 
 struct PluginIdentity
@@ -29,7 +30,7 @@ class PluginEnvironment : public QObject
 
 public:
     PluginEnvironment(const PluginIdentity &plugin, Catalog &catalog, const PresetLibrary &presets,
-                      const QHash<QString, QByteArray> &facades);
+                      CurrentModule &module, const QHash<QString, QByteArray> &facades);
     ~PluginEnvironment() override;
 
     /// Runs a script to its end, outside any task. The error is Lua's own text.
@@ -48,11 +49,12 @@ private:
     [[nodiscard]] LuaTable taskPrimitives();
     [[nodiscard]] LuaTable applicationPrimitives();
 
+    CurrentModule &m_module;
+
     // Destroyed from the last to the first: whatever refers to the state goes before it.
     LuaState m_state;
     TaskScheduler m_scheduler;
     SocketPrimitives m_sockets;
-    QByteArray m_module{"library"};
 };
 
 } // namespace StandIn

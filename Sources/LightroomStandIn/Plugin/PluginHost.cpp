@@ -24,12 +24,37 @@ PluginHost::PluginHost(QString pluginFolder, Catalog &catalog, const PresetLibra
 
 PluginHost::~PluginHost() = default;
 
-std::expected<void, QString> PluginHost::load()
+std::expected<void, QString> PluginHost::load(PluginStart start)
 {
     m_environment.reset();
     m_catalog.discardChanges(); // of a task that was inside the write gate
     m_isInitialised = false;
-    if (!QFileInfo(m_folder).isDir()) {
+    m_manifest = {};
+    auto result = readManifest();
+    if (result) {
+        makeEnvironment();
+    }
+    Q_EMIT stateChanged();
+    const bool isStarted = m_manifest.isInitForced && start == PluginStart::asItsManifestSays;
+    return result && isStarted ? initialise() : result;
+}
+
+PluginState PluginHost::state() const
+{
+    if (!m_environment) {
+        return PluginState::absent;
+    }
+    return m_isInitialised ? PluginState::running : PluginState::loaded;
+}
+
+bool PluginHost::isInstalled() const
+{
+    return QFileInfo(m_folder).isDir();
+}
+
+std::expected<void, QString> PluginHost::readManifest()
+{
+    if (!isInstalled()) {
         return std::unexpected(
             u"There is no plug-in at \"%1\"; run \"kelvalr --install-plugin\" first."_s.arg(m_folder));
     }
@@ -38,14 +63,18 @@ std::expected<void, QString> PluginHost::load()
         return std::unexpected(manifest.error());
     }
     m_manifest = *std::move(manifest);
+    return {};
+}
+
+void PluginHost::makeEnvironment()
+{
     m_environment = std::make_unique<PluginEnvironment>(
         PluginIdentity{.folder = m_folder, .identifier = m_manifest.identifier}, m_catalog, m_presets,
-        m_facades);
+        m_module, m_facades);
     connect(m_environment.get(), &PluginEnvironment::listening, this, &PluginHost::listening);
     connect(m_environment.get(), &PluginEnvironment::listenFailed, this, &PluginHost::listenFailed);
     connect(m_environment.get(), &PluginEnvironment::messageShown, this, &PluginHost::messageShown);
     connect(m_environment.get(), &PluginEnvironment::taskFailed, this, &PluginHost::taskFailed);
-    return m_manifest.isInitForced ? initialise() : std::expected<void, QString>();
 }
 
 std::expected<void, QString> PluginHost::initialise()
@@ -54,6 +83,7 @@ std::expected<void, QString> PluginHost::initialise()
         return {};
     }
     m_isInitialised = true;
+    Q_EMIT stateChanged();
     return run(m_manifest.initFile);
 }
 
