@@ -20,11 +20,14 @@ namespace {
 class Program
 {
 public:
-    explicit Program(const QStringList &arguments)
+    explicit Program(const QStringList &arguments, const QString &platform = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"HOME"_s, u"/nonexistent"_s);
         environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+        environment.remove(u"DISPLAY"_s);
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        environment.insert(u"QT_QPA_PLATFORM"_s, platform);
         m_process.setProcessEnvironment(environment);
         m_process.start(QStringLiteral(KELVALR_STANDIN_PROGRAM), arguments);
     }
@@ -37,13 +40,21 @@ public:
         return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
     }
 
-    [[nodiscard]] bool waitForReady()
+    /// Whether it says these lines, in any order, and nothing else.
+    [[nodiscard]] bool waitForLines(QByteArrayList lines)
     {
-        return waitUntil([this] {
+        std::ranges::sort(lines);
+        const auto said = [this] {
+            QByteArrayList spoken = m_output.split('\n');
+            spoken.removeLast(); // what has no line feed yet
+            std::ranges::sort(spoken);
+            return spoken;
+        };
+        return waitUntil([&] {
                    m_output += m_process.readAllStandardOutput();
-                   return m_output.contains("ready\n") || m_process.state() == QProcess::NotRunning;
+                   return said().size() >= lines.size() || m_process.state() == QProcess::NotRunning;
                }) &&
-               m_output == "ready\n";
+               said() == lines;
     }
 
     void terminate() { m_process.terminate(); }
@@ -95,7 +106,9 @@ TEST(Program, saysInOneSentenceWhyItCannotStart)
     };
 
     const std::vector<Row> rows{
-        {{u"--photos"_s, folders.photos}, u"Only --headless exists yet."_s},
+        {{u"--photos"_s, folders.photos}, u"There is no display for the window; run with --headless."_s},
+        {{u"--headless"_s, u"--without-plugin-start"_s, u"--photos"_s, folders.photos},
+         u"--without-plugin-start needs a window: leave out --headless."_s},
         {{u"--headless"_s}, u"Name the folder with the photos: --photos DIR."_s},
         {{u"--headless"_s, u"--photos"_s, u"/no/such"_s}, u"There is no photo folder \"/no/such\"."_s},
         {{u"--headless"_s, u"--photos"_s, folders.photos + u"/a.jpg"},
@@ -126,7 +139,7 @@ TEST(Program, servesUntilItIsTerminated)
 {
     const Folders folders;
     Program program(folders.arguments());
-    ASSERT_TRUE(program.waitForReady()) << program.errors().toStdString();
+    ASSERT_TRUE(program.waitForLines({"ready"})) << program.errors().toStdString();
 
     Program second(folders.arguments());
     EXPECT_EQ(second.finish(), 1);
@@ -143,6 +156,33 @@ TEST(Program, servesUntilItIsTerminated)
     program.terminate();
     EXPECT_EQ(program.finish(), 0);
     EXPECT_EQ(program.errors(), QByteArray());
+}
+
+TEST(Program, saysWhenItsWindowIsUp)
+{
+    const Folders folders;
+    const QString bare = folders.directory.filePath(u"bare"_s);
+
+    struct Row
+    {
+        QStringList arguments;
+        QByteArrayList lines;
+        QByteArray complaint;
+    };
+
+    const std::vector<Row> rows{
+        {{u"--modules"_s, folders.modules}, {"window", "ready"}, ""},
+        {{u"--modules"_s, folders.modules, u"--without-plugin-start"_s}, {"window"}, ""},
+        {{u"--modules"_s, bare}, {"window"}, "There is no plug-in at "},
+    };
+    for (const Row &row : rows) {
+        Program program(QStringList{u"--photos"_s, folders.photos} + row.arguments, u"offscreen"_s);
+        EXPECT_TRUE(program.waitForLines(row.lines)) << program.output().toStdString();
+        program.terminate();
+        EXPECT_EQ(program.finish(), 0);
+        EXPECT_EQ(program.output().count('\n'), row.lines.size());
+        EXPECT_TRUE(program.errors().contains(row.complaint)); // beside what the toolkit has to say
+    }
 }
 
 TEST(Program, paintsSamplePhotosOnlyWhereThereAreNone)

@@ -16,6 +16,9 @@ struct Options
 {
     QCommandLineOption help{u"help"_s, u"Says how the program is called."_s};
     QCommandLineOption headless{u"headless"_s, u"Runs without a window."_s};
+    QCommandLineOption withoutPluginStart{
+        u"without-plugin-start"_s,
+        u"Does not start the plug-in until one of its menu items is chosen; with a window only."_s};
     QCommandLineOption photos{u"photos"_s, u"The folder whose photos are the catalog."_s, u"DIR"_s};
     QCommandLineOption presets{u"presets"_s,
                                u"A folder of develop presets (.xmp), besides the shipped ones."_s, u"DIR"_s};
@@ -28,7 +31,7 @@ struct Options
 
     void addTo(QCommandLineParser &parser) const
     {
-        parser.addOptions({help, headless, photos, presets, modules, samplePhotos});
+        parser.addOptions({help, headless, withoutPluginStart, photos, presets, modules, samplePhotos});
     }
 };
 
@@ -49,6 +52,7 @@ std::expected<CommandLine, QString> readCommandLine(const QStringList &arguments
     CommandLine line{
         .isHelpWanted = parser.isSet(options.help),
         .isHeadless = parser.isSet(options.headless),
+        .isPluginStartedLater = parser.isSet(options.withoutPluginStart),
         .photoFolder = parser.value(options.photos),
         .presetFolder = parser.value(options.presets),
         .moduleFolder = parser.isSet(options.modules) ? parser.value(options.modules)
@@ -58,8 +62,8 @@ std::expected<CommandLine, QString> readCommandLine(const QStringList &arguments
     if (line.isHelpWanted || !line.sampleFolder.isEmpty()) {
         return line;
     }
-    if (!line.isHeadless) {
-        return std::unexpected(u"Only --headless exists yet."_s);
+    if (line.isHeadless && line.isPluginStartedLater) {
+        return std::unexpected(u"--without-plugin-start needs a window: leave out --headless."_s);
     }
     if (line.photoFolder.isEmpty()) {
         return std::unexpected(u"Name the folder with the photos: --photos DIR."_s);
@@ -71,7 +75,8 @@ QString usage()
 {
     const Options options;
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"Hosts the KelvaLR plug-in where there is no Lightroom."_s);
+    parser.setApplicationDescription(
+        u"A small Lightroom that hosts the KelvaLR plug-in where there is no other."_s);
     options.addTo(parser);
     return parser.helpText();
 }

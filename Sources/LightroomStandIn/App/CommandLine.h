@@ -12,6 +12,7 @@ struct CommandLine
 {
     bool isHelpWanted = false;
     bool isHeadless = false;
+    bool isPluginStartedLater = false; ///< when a menu item of it is chosen
     QString photoFolder;
     QString presetFolder; ///< empty for the shipped presets alone
     QString moduleFolder;

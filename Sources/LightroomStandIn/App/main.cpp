@@ -1,90 +1,39 @@
 #include "App/CommandLine.h"
-#include "Catalog/Catalog.h"
-#include "Catalog/PresetLibrary.h"
-#include "Plugin/PluginHost.h"
+#include "App/HeadlessMode.h"
+#include "App/Session.h"
+#include "App/WindowedMode.h"
 #include "SamplePhotos/SamplePhotos.h"
-#include "Support/TerminationSignals.h"
 
 #include <QCoreApplication>
-#include <QDir>
 
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
 
-using namespace Qt::StringLiterals;
 using namespace StandIn;
 
 namespace {
 
-void say(std::FILE *stream, const QString &line)
+/// What the arguments say decides which application object there is, so they are read before there is one.
+QStringList texts(int count, char **arguments)
 {
-    std::fprintf(stream, "%s\n", line.toUtf8().constData());
-    std::fflush(stream);
+    QStringList list;
+    std::transform(arguments, arguments + count, std::back_inserter(list),
+                   [](const char *argument) { return QString::fromLocal8Bit(argument); });
+    return list;
 }
 
-int fail(const QString &sentence)
+int paint(const QString &folder, int &argumentCount, char **arguments)
 {
-    say(stderr, sentence);
-    return EXIT_FAILURE;
-}
-
-std::expected<PresetLibrary, QString> loadPresets(const QString &folder)
-{
-    PresetLibrary presets = PresetLibrary::shipped();
-    if (!folder.isEmpty()) {
-        if (const auto added = presets.addFolder(folder); !added) {
-            return std::unexpected(added.error());
-        }
-    }
-    return presets;
-}
-
-void report(PluginHost &host)
-{
-    QObject::connect(
-        &host, &PluginHost::listening, &host, [] { say(stdout, u"ready"_s); }, Qt::SingleShotConnection);
-    QObject::connect(&host, &PluginHost::listenFailed, &host, [](quint16 port, const QString &error) {
-        say(stderr,
-            u"The plug-in cannot listen on port %1: %2. Does Lightroom or another stand-in run?"_s.arg(port)
-                .arg(error));
-        QCoreApplication::exit(EXIT_FAILURE);
-    });
-    QObject::connect(&host, &PluginHost::messageShown, &host, [](const DialogMessage &message) {
-        say(stderr, u"%1: %2"_s.arg(message.title, message.text));
-    });
-    QObject::connect(&host, &PluginHost::taskFailed, &host, [](const QString &error) {
-        say(stderr, u"A task of the plug-in failed: %1"_s.arg(error));
-    });
-}
-
-int serve(const CommandLine &line)
-{
-    auto catalog = Catalog::open(line.photoFolder);
-    if (!catalog) {
-        return fail(catalog.error());
-    }
-    const auto presets = loadPresets(line.presetFolder);
-    if (!presets) {
-        return fail(presets.error());
-    }
-    const KelvaLR::TerminationSignals signals;
-    QObject::connect(&signals, &KelvaLR::TerminationSignals::terminationRequested, qApp,
-                     &QCoreApplication::quit);
-
-    PluginHost host(QDir(line.moduleFolder).filePath(u"KelvaLR.lrplugin"_s), *catalog, *presets);
-    report(host);
-    if (const auto loaded = host.load(); !loaded) {
-        return fail(loaded.error());
-    }
-    return QCoreApplication::exec();
+    const QCoreApplication application(argumentCount, arguments);
+    const auto painted = paintSamplePhotos(folder);
+    return painted ? EXIT_SUCCESS : fail(painted.error());
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
-    const auto line = readCommandLine(QCoreApplication::arguments());
+    const auto line = readCommandLine(texts(argc, argv));
     if (!line) {
         return fail(line.error());
     }
@@ -93,8 +42,7 @@ int main(int argc, char **argv)
         return EXIT_SUCCESS;
     }
     if (!line->sampleFolder.isEmpty()) {
-        const auto painted = paintSamplePhotos(line->sampleFolder);
-        return painted ? EXIT_SUCCESS : fail(painted.error());
+        return paint(line->sampleFolder, argc, argv);
     }
-    return serve(*line);
+    return line->isHeadless ? runHeadless(*line, argc, argv) : runWindowed(*line, argc, argv);
 }
