@@ -17,6 +17,9 @@ namespace {
 /// A table answers with all of its cells at once, however many there are; nobody looks further than this.
 constexpr int longestTable = 500;
 
+/// Of a level with very many elements no more are asked about at once, since the limit may be among them.
+constexpr qsizetype portion = 1000;
+
 /// An element that was found and is not in the tree yet.
 struct Found
 {
@@ -40,11 +43,12 @@ public:
     {
         m_seen.insert(root);
         QList<Found> level{{.id = root}};
-        while (!level.isEmpty() && !m_isOver) {
-            level = co_await withKinds(std::move(level));
+        while (!level.isEmpty()) {
             const qsizetype first = m_tree.size();
-            co_await enter(level);
-            level = co_await childrenFrom(first);
+            for (qsizetype i = 0; i < level.size() && !m_isOver; i += portion) {
+                co_await enter(co_await withKinds(level.mid(i, portion)));
+            }
+            level = m_isOver ? QList<Found>() : co_await childrenFrom(first);
         }
         co_return std::move(m_tree);
     }

@@ -12,11 +12,24 @@ namespace {
 /// For one walk and for one reading of attributes; a large window takes one second.
 constexpr std::chrono::seconds walkTime(10);
 
+/// A question about the element at a place of the tree.
 struct PlacedQuestion
 {
     qsizetype place;
-    void (*take)(AccessibilityElement &element, const QDBusMessage &answer);
+    AtSpi::AttributeQuestion about;
 };
+
+QList<PlacedQuestion> questionsAbout(const AccessibilityTree &tree, const ElementPlaces &places,
+                                     ElementAttributes attributes)
+{
+    QList<PlacedQuestion> questions;
+    for (const qsizetype place : places) {
+        for (const AtSpi::AttributeQuestion &question : AtSpi::questionsFor(tree.at(place), attributes)) {
+            questions.append({place, question});
+        }
+    }
+    return questions;
+}
 
 } // namespace
 
@@ -45,18 +58,23 @@ QCoro::Task<AccessibilityTree> AtSpiAccessibility::tree(qint64 processId, qsizet
 QCoro::Task<AccessibilityTree>
 AtSpiAccessibility::withAttributes(AccessibilityTree tree, ElementPlaces places, ElementAttributes attributes)
 {
-    QList<QDBusMessage> questions;
-    QList<PlacedQuestion> asked;
-    for (const qsizetype place : std::as_const(places)) {
-        for (const AtSpi::AttributeQuestion &one : AtSpi::questionsFor(tree.at(place), attributes)) {
-            questions.append(one.question);
-            asked.append({place, one.take});
+    AccessibilityBus *const bus = &m_bus;
+    const QDeadlineTimer deadline(walkTime);
+    QList<PlacedQuestion> questions = questionsAbout(tree, places, attributes);
+    while (!questions.isEmpty()) {
+        QList<QDBusMessage> messages;
+        for (const PlacedQuestion &question : std::as_const(questions)) {
+            messages.append(question.about.question);
         }
-    }
-    const QList<QDBusMessage> answers =
-        co_await m_bus.answers(std::move(questions), QDeadlineTimer(walkTime));
-    for (qsizetype i = 0; i < answers.size(); ++i) {
-        asked.at(i).take(tree[asked.at(i).place], answers.at(i));
+        const QList<QDBusMessage> answers = co_await bus->answers(std::move(messages), deadline);
+        QList<PlacedQuestion> further;
+        for (qsizetype i = 0; i < answers.size(); ++i) {
+            const qsizetype place = questions.at(i).place;
+            if (auto next = questions.at(i).about.take(tree[place], answers.at(i))) {
+                further.append({place, *std::move(next)});
+            }
+        }
+        questions = std::move(further);
     }
     co_return tree;
 }

@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Next = AttributeQuestion::Next;
+
 /// An editor's whole text is no label; names are found in its beginning.
 constexpr int longestText = 4096;
 
@@ -45,43 +47,60 @@ std::optional<QString> textProperty(const QDBusMessage &answer)
     return value.typeId() == QMetaType::QString ? std::optional(value.toString()) : std::nullopt;
 }
 
-void takeTitle(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeTitle(AccessibilityElement &element, const QDBusMessage &answer)
 {
     element.title = textProperty(answer);
+    return {};
 }
 
-void takeDescription(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeDescription(AccessibilityElement &element, const QDBusMessage &answer)
 {
     element.description = textProperty(answer);
+    return {};
 }
 
-void takeIdentifier(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeIdentifier(AccessibilityElement &element, const QDBusMessage &answer)
 {
     element.identifier = textProperty(answer);
+    return {};
 }
 
-void takeNameAsValue(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeNameAsValue(AccessibilityElement &element, const QDBusMessage &answer)
 {
     if (const auto text = textProperty(answer); text && !text->isEmpty()) {
         element.value = *text;
     }
+    return {};
 }
 
-void takeText(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeText(AccessibilityElement &element, const QDBusMessage &answer)
 {
     if (isAnswered(answer) && answer.signature() == "s"_L1) {
         element.value = answer.arguments().constFirst().toString().left(longestText);
     }
+    return {};
 }
 
-void takeNumber(AccessibilityElement &element, const QDBusMessage &answer)
+/// Some toolkits give no text at all when more than all of it is asked for.
+Next takeTextLength(AccessibilityElement &element, const QDBusMessage &answer)
+{
+    const QVariant length = propertyIn(answer);
+    if (length.typeId() != QMetaType::Int) {
+        return {};
+    }
+    return AttributeQuestion{
+        call(element.id, "Text"_L1, "GetText"_L1, {0, std::min(length.toInt(), longestText)}), takeText};
+}
+
+Next takeNumber(AccessibilityElement &element, const QDBusMessage &answer)
 {
     if (const QVariant value = propertyIn(answer); value.typeId() == QMetaType::Double) {
         element.value = value.toDouble();
     }
+    return {};
 }
 
-void takePlaceholder(AccessibilityElement &element, const QDBusMessage &answer)
+Next takePlaceholder(AccessibilityElement &element, const QDBusMessage &answer)
 {
     if (const auto argument = structureIn(answer, "a{ss}"_L1)) {
         const auto attributes = qdbus_cast<QMap<QString, QString>>(*argument);
@@ -89,20 +108,22 @@ void takePlaceholder(AccessibilityElement &element, const QDBusMessage &answer)
             element.placeholder = *found;
         }
     }
+    return {};
 }
 
-void takeActions(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeActions(AccessibilityElement &element, const QDBusMessage &answer)
 {
     if (pressActionIn(answer)) {
         element.actions = {u"AXPress"_s};
     }
+    return {};
 }
 
-void takeCenter(AccessibilityElement &element, const QDBusMessage &answer)
+Next takeCenter(AccessibilityElement &element, const QDBusMessage &answer)
 {
     const auto argument = structureIn(answer, "(iiii)"_L1);
     if (!argument) {
-        return;
+        return {};
     }
     int x = 0;
     int y = 0;
@@ -115,6 +136,7 @@ void takeCenter(AccessibilityElement &element, const QDBusMessage &answer)
     if (width > 0 && height > 0 && x != nowhere && y != nowhere) {
         element.center = QPointF(x + width / 2.0, y + height / 2.0);
     }
+    return {};
 }
 
 void appendValueQuestions(QList<AttributeQuestion> &questions, const AccessibilityElement &element)
@@ -125,7 +147,7 @@ void appendValueQuestions(QList<AttributeQuestion> &questions, const Accessibili
     if (isOneOf(element.role, numberRoles)) {
         questions.append({readProperty(element.id, "Value"_L1, "CurrentValue"_L1), takeNumber});
     } else if (isOneOf(element.role, textRoles)) {
-        questions.append({call(element.id, "Text"_L1, "GetText"_L1, {0, longestText}), takeText});
+        questions.append({readProperty(element.id, "Text"_L1, "CharacterCount"_L1), takeTextLength});
     }
 }
 

@@ -30,11 +30,13 @@ namespace KelvaLR::AtSpi {
 /// The index of the action that presses an element among the actions that it lists.
 [[nodiscard]] std::optional<int> pressActionIn(const QDBusMessage &answer);
 
-/// One question about an attribute, and how its answer is taken.
+/// One question about an attribute, and how its answer is taken, which may lead to another question.
 struct AttributeQuestion
 {
+    using Next = std::optional<AttributeQuestion>;
+
     QDBusMessage question;
-    void (*take)(AccessibilityElement &element, const QDBusMessage &answer);
+    Next (*take)(AccessibilityElement &element, const QDBusMessage &answer);
 };
 
 /// What has to be asked to know these attributes of an element; nothing for those that it cannot have.
