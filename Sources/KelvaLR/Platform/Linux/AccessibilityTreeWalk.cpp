@@ -4,6 +4,7 @@
 #include "Platform/Linux/AtSpiElement.h"
 #include "Platform/Linux/AtSpiRoles.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -139,32 +140,60 @@ private:
         }
     }
 
+    /// How many rows the tables from this place on have, by their places.
+    QCoro::Task<QHash<qsizetype, int>> tableLengths(qsizetype first)
+    {
+        QList<qsizetype> tables;
+        QList<QDBusMessage> questions;
+        for (qsizetype place = first; place < m_tree.size(); ++place) {
+            if (m_kinds.at(place).isTable()) {
+                tables.append(place);
+                questions.append(AtSpi::readProperty(m_tree.at(place).id, "Accessible"_L1, "ChildCount"_L1));
+            }
+        }
+        const QList<QDBusMessage> answers = co_await ask(std::move(questions));
+        QHash<qsizetype, int> lengths;
+        for (qsizetype i = 0; i < answers.size(); ++i) {
+            lengths.insert(tables.at(i), AtSpi::propertyIn(answers.at(i)).toInt());
+        }
+        co_return lengths;
+    }
+
+    /// The children of the elements from this place on.
     QCoro::Task<QList<Found>> childrenFrom(qsizetype first)
     {
+        const QHash<qsizetype, int> lengths = co_await tableLengths(first);
         QList<QDBusMessage> questions;
         QList<qsizetype> parents;
         for (qsizetype place = first; place < m_tree.size(); ++place) {
             const AccessibilityElementID &id = m_tree.at(place).id;
-            for (int row = 0; m_kinds.at(place).isTable() && row < longestTable; ++row) {
+            const bool isLong = lengths.value(place) > longestTable;
+            for (int row = 0; isLong && row < longestTable; ++row) {
                 questions.append(AtSpi::call(id, "Accessible"_L1, "GetChildAtIndex"_L1, {row}));
                 parents.append(place);
             }
-            if (!m_kinds.at(place).isTable()) {
+            if (!isLong) {
                 questions.append(AtSpi::call(id, "Accessible"_L1, "GetChildren"_L1));
                 parents.append(place);
             }
         }
         const QList<QDBusMessage> answers = co_await ask(std::move(questions));
-        QList<Found> children;
+        co_return newElements(parents, answers);
+    }
+
+    /// The elements in the answers that were not met before.
+    QList<Found> newElements(const QList<qsizetype> &parents, const QList<QDBusMessage> &answers)
+    {
+        QList<Found> found;
         for (qsizetype i = 0; i < answers.size(); ++i) {
             for (const AccessibilityElementID &id : AtSpi::elementsIn(answers.at(i))) {
                 if (!m_seen.contains(id)) {
                     m_seen.insert(id);
-                    children.append({.id = id, .parent = parents.at(i)});
+                    found.append({.id = id, .parent = parents.at(i)});
                 }
             }
         }
-        co_return children;
+        return found;
     }
 
     AccessibilityBus *m_bus;
