@@ -83,6 +83,7 @@ protected:
     [[nodiscard]] QString opened() const { return contents(m_folder.filePath(u"xdg-open.log"_s)); }
 
     QTemporaryDir m_folder;
+    const X11Connection m_x11;
     RecordingFileManager m_fileManager;
     const DesktopApplications::SessionBus m_client = [this] { return m_bus.connect(u"client"_s); };
 
@@ -97,7 +98,7 @@ TEST_F(DesktopApplicationsTest, showTheFolderOrItsNearestParentSelectedInTheFile
     ASSERT_TRUE(QDir().mkpath(odd));
     const QString url = u"file://%1/Plug%20ins%20%231%20%C3%A9"_s.arg(m_folder.path());
 
-    DesktopApplications applications(m_client);
+    DesktopApplications applications(m_x11, m_client);
     setAnswer(Answer::reply);
     for (const QString &asked : QStringList{odd, odd + u"/", odd + u"/none/at all"}) {
         applications.reveal(asked);
@@ -151,7 +152,8 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
         ticking.callOnTimeout([&ticks] { ++ticks; });
         ticking.start(10ms);
 
-        DesktopApplications(row.bus, row.isWaitedFor ? 300ms : 20s).reveal(m_folder.filePath(u"none"_s));
+        DesktopApplications(m_x11, row.bus, row.isWaitedFor ? 300ms : 20s)
+            .reveal(m_folder.filePath(u"none"_s));
         EXPECT_TRUE(waitUntil([this] { return opened().endsWith(u'\n'); }, 10s));
         EXPECT_EQ(opened(), QDir::tempPath() + u'\n');
         EXPECT_TRUE(!row.isWaitedFor || ticks > 10) << "the event loop stood still";

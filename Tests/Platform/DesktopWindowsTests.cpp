@@ -27,7 +27,8 @@ TEST(DesktopWindows, comeToTheFrontDeminimisedAndOnlyIfVisible)
     other.start(u"xev"_s, {u"-event"_s, u"focus"_s});
     ASSERT_TRUE(waitUntil([&] { return !window.isActive(); }))
         << "the other program did not come to the front";
-    DesktopApplications applications;
+    const X11Connection x11;
+    DesktopApplications applications(x11);
     applications.bringOwnWindowsToFront();
     EXPECT_TRUE(waitUntil([&] { return window.isActive(); }));
 

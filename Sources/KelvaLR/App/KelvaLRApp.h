@@ -43,7 +43,7 @@ private:
     SettingsPreferences m_preferences;
     X11Connection m_x11;
     ComputerControlConsent m_consent{m_preferences, m_x11};
-    DesktopApplications m_applications;
+    DesktopApplications m_applications{m_x11};
     AccessibilityBus m_accessibilityBus;
     AtSpiAccessibility m_accessibility;
     UnavailableInputEvents m_inputEvents;

@@ -1,19 +1,13 @@
 #include "Platform/Linux/DesktopApplications.h"
 
-#include "Support/DetachedTask.h"
+#include "Platform/Linux/ApplicationStart.h"
+#include "Platform/Linux/ProcessList.h"
 
-#include <QCoroDBusPendingCall>
-#include <QCoroSignal>
-
-#include <QDBusMessage>
-#include <QDir>
 #include <QFileInfo>
-#include <QFutureWatcher>
 #include <QGuiApplication>
-#include <QProcess>
-#include <QUrl>
 #include <QWindow>
-#include <QtConcurrentRun>
+
+#include <algorithm>
 
 namespace KelvaLR {
 
@@ -21,58 +15,38 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString nearestExisting(const QString &path)
+/// For a window without a desktop entry. Wine gives windows the name of a program file; there the title is
+/// what its user knows.
+QString nameOf(const X11Window &window)
 {
-    QString nearest = QDir::cleanPath(QDir::current().absoluteFilePath(path));
-    while (!QFileInfo::exists(nearest)) {
-        nearest = QFileInfo(nearest).path();
-    }
-    return nearest;
+    const QString &className = window.windowClass.name;
+    const QString program = programName(window.processId);
+    const bool isProgramFile = className.endsWith(".exe"_L1, Qt::CaseInsensitive);
+    const QStringList names = isProgramFile ? QStringList{window.title, program, className}
+                                            : QStringList{className, program, window.title};
+    const auto name = std::ranges::find_if_not(names, &QString::isEmpty);
+    return name == names.end() ? QString() : *name;
 }
 
-/// https://www.freedesktop.org/wiki/Specifications/file-manager-interface/
-QDBusMessage showItems(const QString &path)
+RunningApplication applicationOf(const X11Window &window, const QList<DesktopEntry> &entries)
 {
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
-                                       u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
-    const QString noStartupId;
-    message << QStringList(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)) << noStartupId;
-    return message;
+    const DesktopEntry *entry = entryOfWindows(window.windowClass, entries);
+    return {.name = entry ? entry->name : nameOf(window),
+            .identifier = entry ? entry->id : window.windowClass.name,
+            .processId = window.processId};
 }
 
-/// Whether a file manager shows the folder, selected, within the deadlines.
-QCoro::Task<bool> didShow(QString folder, DesktopApplications::SessionBus sessionBus,
-                          std::chrono::milliseconds deadline)
+/// A process is one application, whatever its other windows are named.
+bool isSame(const RunningApplication &left, const RunningApplication &right)
 {
-    QFutureWatcher<QDBusConnection> connecting;
-    connecting.setFuture(QtConcurrent::run(sessionBus));
-    if (!co_await qCoro(&connecting, &QFutureWatcherBase::finished, deadline)) {
-        co_return false;
-    }
-    const QDBusConnection bus = connecting.result();
-    const QDBusMessage reply = co_await bus.asyncCall(showItems(folder), static_cast<int>(deadline.count()));
-    co_return reply.type() == QDBusMessage::ReplyMessage;
+    return left.processId != 0 ? left.processId == right.processId : left == right;
 }
 
-/// Neither waits for the opener nor lets it write among our own output.
-void openDetached(const QString &folder)
+InstalledApplication installed(const DesktopEntry &entry)
 {
-    QProcess opener;
-    opener.setProgram(u"xdg-open"_s);
-    opener.setArguments({folder});
-    opener.setStandardInputFile(QProcess::nullDevice());
-    opener.setStandardOutputFile(QProcess::nullDevice());
-    opener.setStandardErrorFile(QProcess::nullDevice());
-    opener.startDetached();
-}
-
-QCoro::Task<> show(QString folder, DesktopApplications::SessionBus sessionBus,
-                   std::chrono::milliseconds deadline)
-{
-    if (!co_await didShow(folder, sessionBus, deadline)) {
-        openDetached(QFileInfo(folder).path());
-    }
+    return {.displayName = entry.name,
+            .fileName = QFileInfo(entry.path).fileName(),
+            .url = QUrl::fromLocalFile(entry.path)};
 }
 
 /// Menus and tool tips come and go with their window.
@@ -83,10 +57,46 @@ bool standsOnItsOwn(const QWindow &window)
 
 } // namespace
 
-DesktopApplications::DesktopApplications(SessionBus sessionBus, std::chrono::milliseconds deadline)
-    : m_sessionBus(std::move(sessionBus))
+DesktopApplications::DesktopApplications(const X11Connection &x11, SessionBus sessionBus,
+                                         std::chrono::milliseconds deadline,
+                                         std::chrono::milliseconds startDeadline)
+    : m_windows(std::make_shared<const X11Windows>(x11))
+    , m_sessionBus(std::move(sessionBus))
     , m_deadline(deadline)
+    , m_startDeadline(startDeadline)
 {
+}
+
+std::optional<RunningApplication> DesktopApplications::frontmostApplication() const
+{
+    const std::optional<X11Window> window = m_windows->active();
+    return window ? std::optional(applicationOf(*window, installedDesktopEntries(applicationFolders())))
+                  : std::nullopt;
+}
+
+QList<RunningApplication> DesktopApplications::runningApplications() const
+{
+    const QList<DesktopEntry> entries = installedDesktopEntries(applicationFolders());
+    QList<RunningApplication> running;
+    for (const X11Window &window : m_windows->all()) {
+        const RunningApplication application = applicationOf(window, entries);
+        const bool isListed = std::ranges::any_of(
+            running, [&](const RunningApplication &listed) { return isSame(listed, application); });
+        if (!isListed) {
+            running.append(application);
+        }
+    }
+    return running;
+}
+
+bool DesktopApplications::activate(const RunningApplication &application)
+{
+    const QList<DesktopEntry> entries = installedDesktopEntries(applicationFolders());
+    const QList<X11Window> windows = m_windows->fromTheFront();
+    const auto window = std::ranges::find_if(windows, [&](const X11Window &candidate) {
+        return isSame(application, applicationOf(candidate, entries));
+    });
+    return window != windows.end() && m_windows->activate(*window);
 }
 
 void DesktopApplications::bringOwnWindowsToFront()
@@ -100,9 +110,34 @@ void DesktopApplications::bringOwnWindowsToFront()
     }
 }
 
-void DesktopApplications::reveal(const QString &folder)
+std::optional<InstalledApplication>
+DesktopApplications::applicationWithIdentifier(const QString &identifier) const
 {
-    startDetached(show(nearestExisting(folder), m_sessionBus, m_deadline));
+    const QList<DesktopEntry> entries = installedDesktopEntries(applicationFolders());
+    const auto entry = std::ranges::find(entries, identifier, &DesktopEntry::id);
+    return entry == entries.end() ? std::nullopt : std::optional(installed(*entry));
+}
+
+QList<InstalledApplication> DesktopApplications::installedApplications() const
+{
+    const QStringList desktopNames =
+        qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
+    QList<InstalledApplication> applications;
+    for (const DesktopEntry &entry : installedDesktopEntries(applicationFolders())) {
+        if (isListed(entry, desktopNames)) {
+            applications.append(installed(entry));
+        }
+    }
+    return applications;
+}
+
+QCoro::Task<std::expected<void, QString>> DesktopApplications::open(QUrl application)
+{
+    std::optional<DesktopEntry> entry = readDesktopEntry(application.toLocalFile());
+    if (!entry) {
+        co_return std::unexpected("Its desktop entry "_L1 + application.fileName() + " cannot be read."_L1);
+    }
+    co_return co_await startApplication(*std::move(entry), m_windows, m_startDeadline);
 }
 
 } // namespace KelvaLR

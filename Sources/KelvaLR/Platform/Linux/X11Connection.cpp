@@ -37,11 +37,14 @@ xcb_atom_t X11Connection::atom(const QByteArray &name) const
     if (!isOpen()) {
         return XCB_ATOM_NONE;
     }
+    if (const auto known = m_atoms.constFind(name); known != m_atoms.cend()) {
+        return *known;
+    }
     constexpr quint8 isMadeWhenMissing = 0;
     const auto cookie =
         xcb_intern_atom(m_connection, isMadeWhenMissing, static_cast<quint16>(name.size()), name.constData());
     const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    return reply ? *m_atoms.insert(name, reply->atom) : xcb_atom_t(XCB_ATOM_NONE);
 }
 
 std::optional<QList<quint32>> X11Connection::items(xcb_window_t window, const QByteArray &name) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 
 #include <cstdlib>
@@ -58,6 +59,7 @@ private:
 
     xcb_connection_t *m_connection;
     xcb_window_t m_root = XCB_WINDOW_NONE;
+    mutable QHash<QByteArray, xcb_atom_t> m_atoms; ///< an atom keeps its number as long as the server runs
 };
 
 } // namespace KelvaLR

@@ -4,9 +4,8 @@
 
 namespace KelvaLR {
 
-/// For a system whose applications this build cannot list: none runs, none is installed. An adapter that
-/// knows a part of its system derives from it and overrides that part.
-class UnavailableRunningApplications : public RunningApplications
+/// For a system whose applications this build cannot list: none runs, none is installed.
+class UnavailableRunningApplications final : public RunningApplications
 {
 public:
     std::optional<RunningApplication> frontmostApplication() const override;
