@@ -73,6 +73,9 @@ bool X11Connection::sync() const
     }
     const X11Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    // Nobody selects events here, but the server tells everyone of a new keyboard map, and of errors.
+    while (const X11Reply<xcb_generic_event_t> unasked{xcb_poll_for_queued_event(m_connection)}) {
+    }
     return reply != nullptr;
 }
 
