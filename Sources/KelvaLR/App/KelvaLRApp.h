@@ -6,8 +6,9 @@
 #include "Platform/Linux/AtSpiAccessibility.h"
 #include "Platform/Linux/DesktopApplications.h"
 #include "Platform/Linux/SettingsPreferences.h"
+#include "Platform/Linux/WindowPing.h"
 #include "Platform/Linux/X11Connection.h"
-#include "Platform/Unavailable/UnavailableInputEvents.h"
+#include "Platform/Linux/XTestInputEvents.h"
 #include "Services/Assistant/AssistantActionRunner.h"
 #include "Services/Assistant/IdleRealtimeVoiceService.h"
 #include "Services/Assistant/OpenAIAssistantProvider.h"
@@ -46,7 +47,8 @@ private:
     DesktopApplications m_applications{m_x11};
     AccessibilityBus m_accessibilityBus;
     AtSpiAccessibility m_accessibility;
-    UnavailableInputEvents m_inputEvents;
+    WindowPing m_windowPing;
+    XTestInputEvents m_inputEvents{m_x11, [this] { return m_windowPing.answered(); }};
     AccessibleLightroomMenus m_lightroomMenus{m_applications, m_accessibility};
 
     UIAutomationService m_automation;

@@ -107,14 +107,4 @@ QCoro::Task<> AtSpiAccessibility::focus(AccessibilityElementID element)
     co_await m_bus.answer(AtSpi::call(element, "Component"_L1, "GrabFocus"_L1));
 }
 
-QCoro::Task<> AtSpiAccessibility::awaitTurn(qint64 processId)
-{
-    AccessibilityBus *const bus = &m_bus;
-    const auto root = co_await applicationRoot(bus, processId);
-    // The first answer may have been on its way before what was sent last; the second comes after it.
-    for (int i = 0; root && i < 2; ++i) {
-        co_await bus->answer(AtSpi::call(*root, "Accessible"_L1, "GetRole"_L1));
-    }
-}
-
 } // namespace KelvaLR

@@ -29,9 +29,6 @@ public:
     QCoro::Task<bool> setValue(AccessibilityElementID element, double value) override;
     QCoro::Task<> focus(AccessibilityElementID element) override;
 
-    /// Waits until a program has been through its event loop, so that what reached it before is done.
-    QCoro::Task<> awaitTurn(qint64 processId);
-
 private:
     AccessibilityBus &m_bus;
     Trust m_trust;
