@@ -1,6 +1,7 @@
 #include "Platform/Linux/AtSpiAccessibility.h"
 
 #include "Platform/Linux/AccessibilityTreeWalk.h"
+#include "Platform/Linux/AtSpiAttributes.h"
 #include "Platform/Linux/AtSpiElement.h"
 
 namespace KelvaLR {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Platform/Accessibility.h"
-#include "Platform/Linux/AtSpiRoles.h"
 
+#include <QDBusArgument>
 #include <QDBusMessage>
 
 // One element of the AT-SPI bus: what it is asked, and what its answers mean. Pure functions; an answer of
@@ -23,24 +23,16 @@ namespace KelvaLR::AtSpi {
                                          QLatin1StringView property, const QVariant &value);
 
 [[nodiscard]] bool isAnswered(const QDBusMessage &answer);
+
+/// The first argument of an answer, when it is of this D-Bus type.
+[[nodiscard]] std::optional<QDBusArgument> structureIn(const QDBusMessage &answer, QLatin1StringView type);
 [[nodiscard]] QVariant propertyIn(const QDBusMessage &answer);
 [[nodiscard]] QList<AccessibilityElementID> elementsIn(const QDBusMessage &answer);
+/// The element that labels another one, in the answer to GetRelationSet.
+[[nodiscard]] std::optional<AccessibilityElementID> labelIn(const QDBusMessage &answer);
 [[nodiscard]] quint64 statesIn(const QDBusMessage &answer);
 
 /// The index of the action that presses an element among the actions that it lists.
 [[nodiscard]] std::optional<int> pressActionIn(const QDBusMessage &answer);
-
-/// One question about an attribute, and how its answer is taken, which may lead to another question.
-struct AttributeQuestion
-{
-    using Next = std::optional<AttributeQuestion>;
-
-    QDBusMessage question;
-    Next (*take)(AccessibilityElement &element, const QDBusMessage &answer);
-};
-
-/// What has to be asked to know these attributes of an element; nothing for those that it cannot have.
-[[nodiscard]] QList<AttributeQuestion> questionsFor(const AccessibilityElement &element,
-                                                    ElementAttributes attributes);
 
 } // namespace KelvaLR::AtSpi
