@@ -16,11 +16,19 @@ cleanup() {
 }
 trap cleanup EXIT
 
-start_standin() {
-    "$standin" --headless "$@" >"$work/standin.out" 2>"$work/standin.err" &
+start_standin() { run_standin ready --headless "$@"; }
+
+# open_standin ARG...: with its window
+open_standin() { run_standin window "$@"; }
+
+# run_standin LINE ARG...: until it says the line
+run_standin() {
+    local line=$1
+    shift
+    "$standin" "$@" >"$work/standin.out" 2>"$work/standin.err" &
     standin_pid=$!
     for _ in $(seq 200); do
-        grep -qx ready "$work/standin.out" && return 0
+        grep -qx "$line" "$work/standin.out" && return 0
         kill -0 "$standin_pid" 2>/dev/null || break
         sleep 0.05
     done

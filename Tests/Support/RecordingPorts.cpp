@@ -117,7 +117,7 @@ QCoro::Task<> RecordingInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers
 {
     co_await laterTurn();
     m_journal.append(u"key %1 0x%2"_s.arg(virtualKeyCode).arg(modifiers.toInt(), 0, 16));
-    whenPosted();
+    whenPosted(virtualKeyCode);
 }
 
 QCoro::Task<> RecordingInputEvents::postText(QString text)

@@ -64,7 +64,7 @@ public:
     QCoro::Task<> postText(QString text) override;
     QCoro::Task<> postClick(QPointF point) override;
 
-    std::function<void()> whenPosted = [] {}; ///< after each key
+    std::function<void(quint16)> whenPosted = [](quint16) {}; ///< after each key
 
 private:
     QStringList &m_journal;

@@ -36,7 +36,12 @@ void ModulePicker::addModule(QHBoxLayout &layout, const QString &title, const ch
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(title);
     const auto present = [this, button, name] { button->setChecked(m_module.name() == name); };
-    connect(button, &QPushButton::clicked, this, [this, name] { m_module.switchTo(name); });
+    // Assistive technology toggles a button of a group and does not click it.
+    connect(button, &QPushButton::toggled, this, [this, name](bool isChosen) {
+        if (isChosen) {
+            m_module.switchTo(name);
+        }
+    });
     connect(&m_module, &CurrentModule::switched, button, present);
     present();
     layout.addWidget(button);

@@ -81,7 +81,11 @@ TEST(KeyFallbackTest, logsWhetherTheWindowChanged)
     };
     waitForTask(rig.service->cullPhoto(u"pick"_s));
     EXPECT_TRUE(logged(rig).contains("pressed P, and the window shows no change"_L1));
-    rig.inputEvents.whenPosted = [&] { rig.accessibility.elements[0].title = u"Sunset, picked"_s; };
+    rig.inputEvents.whenPosted = [&](quint16 key) {
+        if (key == KeyboardKey::keyCodeFor(u"x")) {
+            rig.accessibility.elements[0].title = u"Sunset, rejected"_s;
+        }
+    };
     waitForTask(rig.service->cullPhoto(u"reject"_s));
     EXPECT_TRUE(logged(rig).contains("pressed X, and the window changed"_L1));
 }

@@ -65,6 +65,11 @@ const AccessibilityElement *firstSliderBeside(const AccessibilityTree &tree, con
     return nullptr;
 }
 
+ElementPlaces placesWithRole(const AccessibilityTree &tree, QLatin1StringView role)
+{
+    return placesOf(tree, [&](const AccessibilityElement &element) { return element.role == role; });
+}
+
 } // namespace
 
 QCoro::Task<std::optional<AccessibilityElement>> sliderNamed(Accessibility *accessibility, qint64 processId,
@@ -72,14 +77,13 @@ QCoro::Task<std::optional<AccessibilityElement>> sliderNamed(Accessibility *acce
 {
     using enum ElementAttribute;
     AccessibilityTree tree = co_await accessibility->tree(processId, Accessibility::unlimited);
-    const auto withRole = [&tree](QLatin1StringView role) {
-        return placesOf(tree, [&](const AccessibilityElement &element) { return element.role == role; });
-    };
-    tree = co_await accessibility->withAttributes(std::move(tree), withRole(sliderRole),
+    const ElementPlaces sliders = placesWithRole(tree, sliderRole);
+    tree = co_await accessibility->withAttributes(std::move(tree), sliders,
                                                   title | description | help | identifier);
     const AccessibilityElement *slider = findSliderDirectly(tree, name);
     if (!slider) {
-        tree = co_await accessibility->withAttributes(std::move(tree), withRole(staticTextRole), value);
+        const ElementPlaces texts = placesWithRole(tree, staticTextRole);
+        tree = co_await accessibility->withAttributes(std::move(tree), texts, value);
         slider = findSliderByTextLabel(tree, name);
     }
     if (!slider) {
