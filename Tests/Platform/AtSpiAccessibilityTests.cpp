@@ -1,8 +1,10 @@
 #include "Platform/Linux/AtSpiAccessibility.h"
 
 #include "Platform/Linux/AccessibilityTreeWalk.h"
+#include "Platform/Linux/AccessibleLightroomMenus.h"
 #include "Services/Automation/ElementReading.h"
 #include "Support/FabricatedAccessibleTree.h"
+#include "Support/LightroomRig.h"
 #include "Support/PrintQt.h"
 #include "Support/WaitForTask.h"
 
@@ -121,6 +123,29 @@ TEST_F(AtSpi, pressesWritesAndFocuses)
     EXPECT_FALSE(waitForTask(accessibility.press(label->id)));
     EXPECT_FALSE(waitForTask(accessibility.setValue(label->id, 1)));
     EXPECT_TRUE(label->center);
+}
+
+TEST_F(AtSpi, choosesLightroomsMenuItemsWhileTheirMenusAreClosed)
+{
+    bool isTrusted = true;
+    AtSpiAccessibility consented(bus, [&](TrustPrompt) { return isTrusted; });
+    QStringList journal;
+    FakeRunningApplications applications(journal);
+    AccessibleLightroomMenus menus(applications, consented, 1ms);
+    const auto answer = [&] { return waitForTask(menus.clickBridgeStatus()).value_or(u"refused"_s); };
+
+    EXPECT_EQ(answer(), u"Lightroom Classic is not running"_s);
+    applications.running = {{.name = u"Lightroom Gallery"_s, .processId = gallery.processId()}};
+    EXPECT_EQ(answer(), u"started"_s);
+    EXPECT_EQ(journal, QStringList{u"activate Lightroom Gallery"_s});
+    EXPECT_EQ(nextDeed(), u"menu"_s);
+    waitForTask(menus.openPluginManager());
+    EXPECT_EQ(nextDeed(), u"manager"_s);
+
+    applications.running[0].processId = QCoreApplication::applicationPid(); // without such a menu
+    EXPECT_EQ(answer(), u"KelvaLR Status was not found in Lightroom Classic > Plug-in Extras"_s);
+    isTrusted = false;
+    EXPECT_EQ(answer(), u"refused"_s);
 }
 
 TEST_F(AtSpi, aProgramThatHangsOrVanishesEndsEveryOperation)

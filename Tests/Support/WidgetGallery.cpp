@@ -94,6 +94,9 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     QMainWindow window;
     window.setWindowTitle(u"Gallery"_s);
+    window.menuBar()->addMenu(u"&File"_s)->addAction(u"Plug-in &Manager..."_s, &window, [] {
+        say(u"manager"_s);
+    });
     auto *menu = window.menuBar()->addMenu(u"&Library"_s)->addMenu(u"Plug-in &Extras"_s);
     menu->addAction(u"&KelvaLR Status"_s, &window, [] { say(u"menu"_s); });
     auto *controls = new QWidget;
