@@ -7,6 +7,10 @@ import QtQuick.Controls.Basic
 Switch {
     id: root
 
+    /// The user is led here: ringed although the keyboard did not come by the Tab key.
+    property bool isPointedOut: false
+
+    onActiveFocusChanged: isPointedOut = isPointedOut && activeFocus
     width: parent.width
     leftPadding: 0
     rightPadding: 0
@@ -50,7 +54,7 @@ Switch {
             }
         }
         FocusRing {
-            isShown: root.visualFocus
+            isShown: root.visualFocus || root.isPointedOut
         }
     }
     contentItem: Label {

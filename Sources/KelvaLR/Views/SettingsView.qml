@@ -13,7 +13,8 @@ Column {
 
     /// Puts the keyboard on the setting, ringed.
     function pointOutComputerControl(): void {
-        computerControl.forceActiveFocus(Qt.TabFocusReason);
+        computerControl.forceActiveFocus();
+        computerControl.isPointedOut = true;
     }
 
     width: 440
