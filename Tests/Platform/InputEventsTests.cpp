@@ -158,6 +158,15 @@ TEST_F(InputEventsOnWitness, unknownKeysAndControlCharactersAreSkipped)
     EXPECT_THAT(m_witness.takeEvents(), ElementsAre());
 }
 
+TEST_F(InputEventsOnWitness, aProgramThatMustNotReceiveThemGetsNone)
+{
+    XTestInputEvents input(m_connection, settledAtOnce, [] { return false; });
+    waitForTask(input.postKey(keyA, {}));
+    waitForTask(input.postText(u"a"_s));
+    waitForTask(input.postClick({250, 160}));
+    EXPECT_THAT(m_witness.takeEvents(), ElementsAre());
+}
+
 TEST_F(InputEventsOnWitness, postingsFollowEachOther)
 {
     auto text = m_input.postText(u"b中b"_s);

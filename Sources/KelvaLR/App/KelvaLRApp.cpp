@@ -2,10 +2,14 @@
 
 #include "Support/ProductConfiguration.h"
 
+#include <QCoreApplication>
+
 namespace KelvaLR {
 
 KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
     : m_accessibility(m_accessibilityBus, [this](TrustPrompt prompt) { return m_consent.isGiven(prompt); })
+    , m_inputEvents(
+          m_x11, [this] { return m_windowPing.answered(); }, [this] { return isOtherProgramInFront(); })
     , m_automation(m_accessibility, m_inputEvents, m_applications)
     , m_lightroomService(m_applications, m_accessibility, m_lightroomMenus, m_automation,
                          LightroomPluginInstaller(), DebugLog(), {}, {}, diagnostics)
@@ -16,6 +20,14 @@ KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
     , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, m_wakePhraseListener,
                m_spokenFeedback, m_lightroomService, m_assistantActions, m_applications})
 {
+}
+
+/// What is meant for Lightroom must not be typed into our own window, which is in front when no Lightroom
+/// runs.
+bool KelvaLRApp::isOtherProgramInFront() const
+{
+    const auto front = m_applications.frontmostApplication();
+    return front && front->processId != QCoreApplication::applicationPid();
 }
 
 } // namespace KelvaLR

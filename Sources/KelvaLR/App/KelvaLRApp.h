@@ -41,6 +41,8 @@ public:
     [[nodiscard]] LightroomService &lightroomService() { return m_lightroomService; }
 
 private:
+    [[nodiscard]] bool isOtherProgramInFront() const;
+
     SettingsPreferences m_preferences;
     X11Connection m_x11;
     ComputerControlConsent m_consent{m_preferences, m_x11};
@@ -48,7 +50,7 @@ private:
     AccessibilityBus m_accessibilityBus;
     AtSpiAccessibility m_accessibility;
     WindowPing m_windowPing;
-    XTestInputEvents m_inputEvents{m_x11, [this] { return m_windowPing.answered(); }};
+    XTestInputEvents m_inputEvents;
     AccessibleLightroomMenus m_lightroomMenus{m_applications, m_accessibility};
 
     UIAutomationService m_automation;

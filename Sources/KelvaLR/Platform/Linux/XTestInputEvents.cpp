@@ -109,9 +109,10 @@ bool hasExtensions(const X11Connection &connection)
 
 } // namespace
 
-XTestInputEvents::XTestInputEvents(const X11Connection &connection, Settled settled)
+XTestInputEvents::XTestInputEvents(const X11Connection &connection, Settled settled, MayReceive mayReceive)
     : m_connection(connection)
     , m_settled(std::move(settled))
+    , m_mayReceive(std::move(mayReceive))
     , m_hasExtensions(hasExtensions(connection))
 {
     if (canPost()) {
@@ -126,7 +127,7 @@ QCoro::Task<> XTestInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers mod
     const Self self(this);
     const Turns::Turn turn = m_turns.take();
     co_await turn.begun;
-    if (self && self->canPost()) {
+    if (self && self->canPost() && self->m_mayReceive()) {
         self->post(virtualKeyCode, modifiers);
         self->m_connection.sync();
     }
@@ -137,7 +138,7 @@ QCoro::Task<> XTestInputEvents::postText(QString text)
     const Self self(this);
     const Turns::Turn turn = m_turns.take();
     co_await turn.begun;
-    if (self && self->canPost()) {
+    if (self && self->canPost() && self->m_mayReceive()) {
         co_await type(self, keysymsOf(text), self->m_settled);
     }
 }
@@ -147,7 +148,8 @@ QCoro::Task<> XTestInputEvents::postClick(QPointF point)
     const Self self(this);
     const Turns::Turn turn = m_turns.take();
     co_await turn.begun;
-    if (!self || !self->canPost() || !std::isfinite(point.x()) || !std::isfinite(point.y())) {
+    if (!self || !self->canPost() || !self->m_mayReceive() || !std::isfinite(point.x()) ||
+        !std::isfinite(point.y())) {
         co_return;
     }
     constexpr quint8 isAbsolute = 0;

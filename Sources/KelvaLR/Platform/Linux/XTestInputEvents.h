@@ -30,9 +30,14 @@ public:
     /// before the call, in its own time bounds if the program does not answer.
     using Settled = std::function<QCoro::Task<>()>;
 
+    /// Whether the program in front may get input.
+    using MayReceive = std::function<bool()>;
+
     /// Puts right what a killed process left in the keyboard map.
     /// @param connection outlives this object
-    XTestInputEvents(const X11Connection &connection, Settled settled);
+    /// @param mayReceive asked before each posting, of which nothing is done when the answer is no
+    XTestInputEvents(
+        const X11Connection &connection, Settled settled, MayReceive mayReceive = [] { return true; });
 
     /// Puts the keyboard map back, also in the middle of a typing, which then ends without another event.
     ~XTestInputEvents() override;
@@ -59,6 +64,7 @@ private:
 
     const X11Connection &m_connection;
     Settled m_settled;
+    MayReceive m_mayReceive;
     Turns m_turns;
     bool m_hasExtensions;
     std::unique_ptr<BorrowedKeycodes> m_borrowed;
