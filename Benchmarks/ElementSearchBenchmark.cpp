@@ -65,7 +65,7 @@ void scoreOneElement(benchmark::State &state)
 {
     const QString target = normalizedElementText(u"Exposure"_s);
     qsizetype next = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(elementScore(tree().at(next), target, ElementPurpose::click));
         next = (next + 1) % tree().size();
     }
@@ -75,7 +75,7 @@ BENCHMARK(scoreOneElement);
 
 void search(benchmark::State &state, const QString &name, ElementPurpose purpose)
 {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(findElement(tree(), name, purpose));
     }
     state.counters["elements"] = double(tree().size());
@@ -87,7 +87,7 @@ BENCHMARK_CAPTURE(search, nothing, u"Unsharp Mask"_s, ElementPurpose::click)->Un
 
 void listTheFirst(benchmark::State &state)
 {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(visibleElements(tree()));
     }
 }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <stdexcept>
 
 using namespace KelvaLR;
 using namespace Qt::StringLiterals;
@@ -54,28 +55,39 @@ void measureListing(AtSpiAccessibility &accessibility, qint64 processId)
     });
 }
 
+void measureWindow(qint64 processId)
+{
+    AccessibilityBus bus;
+    AtSpiAccessibility accessibility(bus, [](TrustPrompt) { return true; });
+    const bool isShown = Testing::waitUntil([&] {
+        return Testing::waitForTask(accessibility.tree(processId, Accessibility::unlimited)).size() > 20;
+    });
+    if (!isShown) {
+        throw std::runtime_error("the program shows no window");
+    }
+    measureListing(accessibility, processId);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    const QString program = QCoreApplication::arguments().value(1);
     QProcess gallery;
-    gallery.start(program, {QCoreApplication::arguments().value(2, u"1400"_s)});
+    gallery.start(QCoreApplication::arguments().value(1),
+                  {QCoreApplication::arguments().value(2, u"1400"_s)});
     if (!gallery.waitForReadyRead()) {
         std::fputs("usage: listing_benchmark PROGRAM [ELEMENTS]\n", stderr);
         return 2;
     }
-    AccessibilityBus bus;
-    AtSpiAccessibility accessibility(bus, [](TrustPrompt) { return true; });
-    const bool isShown = Testing::waitUntil([&] {
-        return Testing::waitForTask(accessibility.tree(gallery.processId(), Accessibility::unlimited))
-                   .size() > 20;
-    });
-    if (isShown) {
-        measureListing(accessibility, gallery.processId());
+    int status = 0;
+    try {
+        measureWindow(gallery.processId());
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "listing_benchmark: %s\n", error.what());
+        status = 1;
     }
     gallery.kill();
     gallery.waitForFinished();
-    return isShown ? 0 : 1;
+    return status;
 }

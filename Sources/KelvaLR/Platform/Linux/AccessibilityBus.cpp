@@ -25,7 +25,7 @@ constexpr QLatin1StringView launcherPath("/org/a11y/bus");
 /// The bus's address, asked for where the session keeps it; empty when there is none.
 QString addressOf(const QDBusConnection &session, std::chrono::milliseconds deadline)
 {
-    const QString configured = qEnvironmentVariable("AT_SPI_BUS_ADDRESS");
+    QString configured = qEnvironmentVariable("AT_SPI_BUS_ADDRESS");
     if (!configured.isEmpty() || !session.isConnected()) {
         return configured;
     }
@@ -109,7 +109,7 @@ QCoro::Task<QList<QDBusMessage>> AccessibilityBus::answers(QList<QDBusMessage> q
         while (next < questions.size() && std::cmp_less(underWay.size(), limits.window)) {
             underWay.push_back(bus.asyncCall(questions.at(next++), static_cast<int>(limits.answer.count())));
         }
-        QDBusPendingCall oldest = underWay.front();
+        const QDBusPendingCall oldest = underWay.front();
         underWay.pop_front();
         if (!oldest.isFinished()) {
             co_await oldest;

@@ -74,7 +74,7 @@ QDBusMessage readProperty(const AccessibilityElementID &element, QLatin1StringVi
 QDBusMessage writeProperty(const AccessibilityElementID &element, QLatin1StringView interface,
                            QLatin1StringView property, const QVariant &value)
 {
-    QDBusMessage message = readProperty(element, interface, property);
+    const QDBusMessage message = readProperty(element, interface, property);
     auto write =
         QDBusMessage::createMethodCall(message.service(), message.path(), message.interface(), u"Set"_s);
     write.setArguments(message.arguments() << QVariant::fromValue(QDBusVariant(value)));
