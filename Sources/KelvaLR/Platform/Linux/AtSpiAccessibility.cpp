@@ -32,6 +32,12 @@ QList<PlacedQuestion> questionsAbout(const AccessibilityTree &tree, const Elemen
     return questions;
 }
 
+QCoro::Task<bool> hasInterface(AccessibilityBus *bus, AccessibilityElementID element,
+                               QLatin1StringView interface)
+{
+    co_return AtSpi::isInterfaceIn(co_await bus->answer(AtSpi::askInterfaces(element)), interface);
+}
+
 } // namespace
 
 AtSpiAccessibility::AtSpiAccessibility(AccessibilityBus &bus, Trust trust)
@@ -83,6 +89,9 @@ AtSpiAccessibility::withAttributes(AccessibilityTree tree, ElementPlaces places,
 QCoro::Task<bool> AtSpiAccessibility::press(AccessibilityElementID element)
 {
     AccessibilityBus *const bus = &m_bus;
+    if (!co_await hasInterface(bus, element, "Action"_L1)) {
+        co_return false;
+    }
     const auto action =
         AtSpi::pressActionIn(co_await bus->answer(AtSpi::call(element, "Action"_L1, "GetActions"_L1)));
     if (!action) {
@@ -98,14 +107,21 @@ QCoro::Task<bool> AtSpiAccessibility::press(AccessibilityElementID element)
 
 QCoro::Task<bool> AtSpiAccessibility::setValue(AccessibilityElementID element, double value)
 {
-    const QDBusMessage answer = co_await m_bus.answer(
+    AccessibilityBus *const bus = &m_bus;
+    if (!co_await hasInterface(bus, element, "Value"_L1)) {
+        co_return false;
+    }
+    const QDBusMessage answer = co_await bus->answer(
         AtSpi::writeProperty(element, "Value"_L1, "CurrentValue"_L1, QVariant::fromValue(value)));
     co_return answer.type() == QDBusMessage::ReplyMessage;
 }
 
 QCoro::Task<> AtSpiAccessibility::focus(AccessibilityElementID element)
 {
-    co_await m_bus.answer(AtSpi::call(element, "Component"_L1, "GrabFocus"_L1));
+    AccessibilityBus *const bus = &m_bus;
+    if (co_await hasInterface(bus, element, "Component"_L1)) {
+        co_await bus->answer(AtSpi::call(element, "Component"_L1, "GrabFocus"_L1));
+    }
 }
 
 } // namespace KelvaLR

@@ -119,14 +119,6 @@ Next takePlaceholder(AccessibilityElement &element, const QDBusMessage &answer)
     return {};
 }
 
-/// An interface that an element does not have is not asked: some programs complain about that on their
-/// terminal.
-bool hasInterface(const QDBusMessage &answer, QLatin1StringView interface)
-{
-    return isAnswered(answer) &&
-           answer.arguments().constFirst().toStringList().contains("org.a11y.atspi."_L1 + interface);
-}
-
 Next takeActions(AccessibilityElement &element, const QDBusMessage &answer)
 {
     if (pressActionIn(answer)) {
@@ -157,7 +149,7 @@ Next takeCenter(AccessibilityElement &element, const QDBusMessage &answer)
 
 Next askActions(AccessibilityElement &element, const QDBusMessage &interfaces)
 {
-    if (!hasInterface(interfaces, "Action"_L1)) {
+    if (!isInterfaceIn(interfaces, "Action"_L1)) {
         return {};
     }
     return AttributeQuestion{call(element.id, "Action"_L1, "GetActions"_L1), takeActions};
@@ -165,7 +157,7 @@ Next askActions(AccessibilityElement &element, const QDBusMessage &interfaces)
 
 Next askCenter(AccessibilityElement &element, const QDBusMessage &interfaces)
 {
-    if (!hasInterface(interfaces, "Component"_L1)) {
+    if (!isInterfaceIn(interfaces, "Component"_L1)) {
         return {};
     }
     constexpr uint screenCoordinates = 0; // ATSPI_COORD_TYPE_SCREEN
@@ -205,10 +197,10 @@ QList<AttributeQuestion> questionsFor(const AccessibilityElement &element, Eleme
         questions.append({readProperty(element.id, "Accessible"_L1, "AccessibleId"_L1), takeIdentifier});
     }
     if (attributes.testFlag(actions)) {
-        questions.append({call(element.id, "Accessible"_L1, "GetInterfaces"_L1), askActions});
+        questions.append({askInterfaces(element.id), askActions});
     }
     if (attributes.testFlag(center)) {
-        questions.append({call(element.id, "Accessible"_L1, "GetInterfaces"_L1), askCenter});
+        questions.append({askInterfaces(element.id), askCenter});
     }
     if (attributes.testFlag(value)) {
         appendValueQuestions(questions, element);

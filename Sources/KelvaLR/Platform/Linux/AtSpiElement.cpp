@@ -81,6 +81,17 @@ QDBusMessage writeProperty(const AccessibilityElementID &element, QLatin1StringV
     return write;
 }
 
+QDBusMessage askInterfaces(const AccessibilityElementID &element)
+{
+    return call(element, "Accessible"_L1, "GetInterfaces"_L1);
+}
+
+bool isInterfaceIn(const QDBusMessage &answer, QLatin1StringView interface)
+{
+    return isAnswered(answer) &&
+           answer.arguments().constFirst().toStringList().contains("org.a11y.atspi."_L1 + interface);
+}
+
 bool isAnswered(const QDBusMessage &answer)
 {
     return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty();

@@ -22,6 +22,11 @@ namespace KelvaLR::AtSpi {
 [[nodiscard]] QDBusMessage writeProperty(const AccessibilityElementID &element, QLatin1StringView interface,
                                          QLatin1StringView property, const QVariant &value);
 
+/// Which interfaces the element has. It is asked before one that it may lack: some programs complain about
+/// that on their terminal.
+[[nodiscard]] QDBusMessage askInterfaces(const AccessibilityElementID &element);
+[[nodiscard]] bool isInterfaceIn(const QDBusMessage &answer, QLatin1StringView interface);
+
 [[nodiscard]] bool isAnswered(const QDBusMessage &answer);
 
 /// The first argument of an answer, when it is of this D-Bus type.
