@@ -21,15 +21,16 @@ using namespace Qt::StringLiterals;
 
 TEST(CommandLine, saysWhatTheProgramWasStartedFor)
 {
-    const auto parse = [](QStringList arguments) {
+    const auto parse = [](const QStringList &arguments) {
         return CommandLine::parse(QStringList(u"kelvalr"_s) + arguments);
     };
 
     EXPECT_EQ(parse({}), (CommandLine{}));
     EXPECT_EQ(parse({u"--prompt"_s, u"a"_s, u"--json"_s, u"--prompt=-b"_s}),
-              (CommandLine{LaunchMode::prompts, OutputFormat::json, {u"a"_s, u"-b"_s}, false}));
+              (CommandLine{
+                  .mode = LaunchMode::prompts, .format = OutputFormat::json, .prompts = {u"a"_s, u"-b"_s}}));
     EXPECT_EQ(parse({u"--explain"_s, u"--assume-lightroom-frontmost"_s}),
-              (CommandLine{LaunchMode::explain, OutputFormat::text, {}, true}));
+              (CommandLine{.mode = LaunchMode::explain, .isLightroomAssumedFrontmost = true}));
     EXPECT_EQ(parse({u"--install-plugin"_s})->mode, LaunchMode::installPlugin);
     EXPECT_EQ(parse({u"--allow-computer-control"_s, u"no"_s}),
               (CommandLine{.mode = LaunchMode::consent, .allowsComputerControl = false}));

@@ -41,7 +41,7 @@ protected:
         }));
     }
 
-    ~AtSpi() override
+    void TearDown() override
     {
         gallery.kill();
         gallery.waitForFinished();
@@ -59,7 +59,7 @@ protected:
     QString nextDeed()
     {
         EXPECT_TRUE(waitUntil([&] { return gallery.canReadLine(); }));
-        QString line = QString::fromUtf8(gallery.readLine()).trimmed();
+        const QString line = QString::fromUtf8(gallery.readLine()).trimmed();
         return line == "ready"_L1 ? nextDeed() : line;
     }
 

@@ -25,12 +25,13 @@ struct ElementReference
         return argument;
     }
 
+    // The shape that QtDBus asks of a type.
     friend const QDBusArgument &operator>>(const QDBusArgument &argument, ElementReference &reference)
     {
         argument.beginStructure();
         argument >> reference.service >> reference.path;
         argument.endStructure();
-        return argument;
+        return argument; // NOLINT(bugprone-return-const-ref-from-parameter)
     }
 };
 
