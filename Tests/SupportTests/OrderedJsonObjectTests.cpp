@@ -18,6 +18,8 @@ TEST(OrderedJsonObject, keepsTheOrderOfItsMembers)
     EXPECT_EQ(OrderedJsonObject().add("text"_L1, u"hi"_s).add("b"_L1, inner).add("a"_L1, 1).toJson(),
               R"({"text":"hi","b":{"z":null,"a":true},"a":1})");
     EXPECT_EQ(OrderedJsonObject().toJson(), "{}");
+    EXPECT_EQ(OrderedJsonObject().add("a"_L1, QList{inner, OrderedJsonObject()}).toJson(),
+              R"({"a":[{"z":null,"a":true},{}]})");
 }
 
 TEST(OrderedJsonObject, writesNumbersShortAndWhateverTheLocale)

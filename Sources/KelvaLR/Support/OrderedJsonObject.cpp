@@ -1,5 +1,6 @@
 #include "Support/OrderedJsonObject.h"
 
+#include <QByteArrayList>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -41,6 +42,16 @@ OrderedJsonObject &OrderedJsonObject::add(QLatin1StringView key, const QJsonValu
 OrderedJsonObject &OrderedJsonObject::add(QLatin1StringView key, const OrderedJsonObject &object)
 {
     addRaw(key, object.toJson());
+    return *this;
+}
+
+OrderedJsonObject &OrderedJsonObject::add(QLatin1StringView key, const QList<OrderedJsonObject> &array)
+{
+    QByteArrayList elements;
+    for (const OrderedJsonObject &element : array) {
+        elements.append(element.toJson());
+    }
+    addRaw(key, '[' + elements.join(',') + ']');
     return *this;
 }
 

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QJsonValue>
 #include <QLatin1StringView>
+#include <QList>
 
 namespace KelvaLR {
 
@@ -15,6 +16,7 @@ public:
     /// Keys must not repeat; they are ASCII and need no escaping.
     OrderedJsonObject &add(QLatin1StringView key, const QJsonValue &value);
     OrderedJsonObject &add(QLatin1StringView key, const OrderedJsonObject &object);
+    OrderedJsonObject &add(QLatin1StringView key, const QList<OrderedJsonObject> &array);
 
     /// The object as UTF-8, without a line feed at its end.
     [[nodiscard]] QByteArray toJson() const;

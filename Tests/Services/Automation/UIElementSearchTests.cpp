@@ -24,21 +24,6 @@ AccessibilityElement element(const QString &role, const QString &title, const QS
 
 const QStringList pressable{u"AXPress"_s};
 
-TEST(UIElementSearch, normalisesTexts)
-{
-    const std::pair<QString, QString> cases[] = {
-        {u"  Auto-Tone! "_s, u"autotone"_s},
-        {u"Soft   Matte (2)"_s, u"soft matte 2"_s},
-        {u"tab\tinside"_s, u"tab\tinside"_s},
-        {u"\u2764\uFE0F Love"_s, u"love"_s}, // the variation selector goes with its emoji
-        {u"Cafe\u0301 \u00BD"_s, u"caf\u00E9 \u00BD"_s},
-        {u"!?\u2026"_s, QString()},
-    };
-    for (const auto &[text, normalized] : cases) {
-        EXPECT_EQ(normalizedElementText(text), normalized) << text.toStdString();
-    }
-}
-
 struct ScoreCase
 {
     const char *name;

@@ -1,5 +1,6 @@
 #include "Services/Assistant/AssistantReplyDecoder.h"
 
+#include "Support/JsonMembers.h"
 #include "Support/TextTrimming.h"
 
 #include <QJsonArray>
@@ -16,24 +17,6 @@ namespace {
 
 constexpr QLatin1StringView fence("```");
 constexpr QLatin1StringView taggedFence("```json");
-
-std::optional<QString> textMember(const QJsonObject &object, QLatin1StringView key)
-{
-    const QJsonValue value = object.value(key);
-    return value.isString() ? std::optional(value.toString()) : std::nullopt;
-}
-
-std::optional<double> numberMember(const QJsonObject &object, QLatin1StringView key)
-{
-    const QJsonValue value = object.value(key);
-    return value.isDouble() ? std::optional(value.toDouble()) : std::nullopt;
-}
-
-std::optional<bool> truthMember(const QJsonObject &object, QLatin1StringView key)
-{
-    const QJsonValue value = object.value(key);
-    return value.isBool() ? std::optional(value.toBool()) : std::nullopt;
-}
 
 std::optional<Artifact> decodeArtifact(const QJsonObject &object)
 {

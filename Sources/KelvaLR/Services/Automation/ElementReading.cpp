@@ -1,5 +1,7 @@
 #include "Services/Automation/ElementReading.h"
 
+#include "Support/NormalizedWords.h"
+
 namespace KelvaLR {
 
 namespace {
@@ -17,7 +19,7 @@ QCoro::Task<AccessibilityTree> treeToSearch(Accessibility *accessibility, qint64
     });
     tree = co_await accessibility->withAttributes(
         std::move(tree), candidates, title | description | value | help | placeholder | identifier);
-    const QString target = normalizedElementText(name);
+    const QString target = normalizedWords(name);
     const ElementPlaces named =
         placesOf(tree, [&](const AccessibilityElement &element) { return matchScore(element, target) > 0; });
     co_return co_await accessibility->withAttributes(std::move(tree), named, actions | center);

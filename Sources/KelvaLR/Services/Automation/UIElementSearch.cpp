@@ -1,6 +1,6 @@
 #include "Services/Automation/UIElementSearch.h"
 
-#include "Support/LowercasedText.h"
+#include "Support/NormalizedWords.h"
 
 #include <algorithm>
 #include <array>
@@ -123,27 +123,11 @@ std::optional<QString> label(const AccessibilityElement &element)
     return std::nullopt;
 }
 
-QString normalizedElementText(const QString &text)
-{
-    QString kept;
-    bool isInWord = false;
-    for (const uint character : lowercased(text).toUcs4()) {
-        // A mark belongs to the letter before it; one behind an emoji goes with the emoji.
-        isInWord = QChar::isLetter(character) || QChar::isNumber(character) ||
-                   (isInWord && QChar::isMark(character));
-        if (isInWord || QChar::isSpace(character)) {
-            kept += QChar::fromUcs4(character);
-        }
-    }
-    const QString collapsed = kept.split(u' ', Qt::SkipEmptyParts).join(u' ');
-    return collapsed.normalized(QString::NormalizationForm_C); // the same letter may be written in two ways
-}
-
 int matchScore(const AccessibilityElement &element, const QString &normalizedTarget)
 {
     int score = 0;
     for (const QString &text : elementTextValues(element)) {
-        score = std::max(score, textScore(normalizedElementText(text), normalizedTarget));
+        score = std::max(score, textScore(normalizedWords(text), normalizedTarget));
     }
     return score;
 }
@@ -169,7 +153,7 @@ int elementScore(const AccessibilityElement &element, const QString &normalizedT
 const AccessibilityElement *findElement(const AccessibilityTree &tree, const QString &name,
                                         ElementPurpose purpose)
 {
-    const QString target = normalizedElementText(name);
+    const QString target = normalizedWords(name);
     const AccessibilityElement *best = nullptr;
     int bestScore = 0;
     walkBreadthFirst(tree, [&](const AccessibilityElement &element) {

@@ -14,10 +14,6 @@ namespace KelvaLR {
 /// What a search is looking for: something to click or read, or a text input that will receive typing.
 enum class ElementPurpose { click, field };
 
-/// Lower-case, only letters, numbers and white space, runs of blanks collapsed; so that "Auto-Tone!" names
-/// the element "AutoTone".
-[[nodiscard]] QString normalizedElementText(const QString &text);
-
 /// The listing looks at no more elements than this, so that it stays readable.
 inline constexpr qsizetype listedElementLimit = 1500;
 
