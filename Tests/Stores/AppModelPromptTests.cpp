@@ -113,6 +113,9 @@ TEST_F(AppModelPromptTest, carriesOutTheActionOfAReply)
         {with(u"type"_s, [](auto &a) { a.text = u"x"_s; }),
          {},
          u"Bring Adobe Lightroom or Lightroom Classic to the front before typing."_s},
+        {with(u"Type"_s, [](auto &a) { a.text = QString(); }),
+         {},
+         u"Bring Adobe Lightroom or Lightroom Classic to the front before typing."_s},
         {action(u"inspect_ui"_s),
          {},
          u"Bring Adobe Lightroom or Lightroom Classic to the front before inspecting UI."_s},
@@ -201,7 +204,7 @@ TEST_F(AppModelPromptTest, aModelThatDiesWhileARequestRunsTakesNothingWithIt)
 
 TEST_F(AppModelPromptTest, anIntentRouteFillsTheComposerAndAsksForFocus)
 {
-    QSignalSpy focus(model.get(), &AppModel::shouldFocusPromptChanged);
+    const QSignalSpy focus(model.get(), &AppModel::shouldFocusPromptChanged);
     model->applyIntentRoute({.prefilledPrompt = u""_s});
     EXPECT_EQ(focus.size(), 0);
     model->applyIntentRoute({.prefilledPrompt = u"note this"_s});

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "Models/ComputerUseResult.h"
 #include "Services/Assistant/AssistantProvider.h"
+#include "Services/Assistant/Realtime/RealtimeToolRunner.h"
 
 namespace KelvaLR {
 
-class LightroomService;
-class MacComputerUseService;
-
-/// Carries out the one action that a chat reply may ask for. Main thread.
+/// Carries out the one action that a chat reply may ask for, as a tool call that leaves most arguments out.
+/// Main thread.
 class AssistantActionRunner
 {
 public:
@@ -18,7 +16,7 @@ public:
     QCoro::Task<ComputerUseResult> run(const AssistantAction &action);
 
 private:
-    LightroomService &m_lightroom;
+    RealtimeToolRunner m_toolRunner;
     MacComputerUseService &m_computerUse;
 };
 

@@ -1,9 +1,9 @@
 #include "Services/Assistant/OpenAIAssistantProvider.h"
 
 #include "Services/Assistant/AssistantReplyDecoder.h"
+#include "Services/Assistant/AssistantTexts.h"
 #include "Support/OrderedJsonObject.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QNetworkReply>
@@ -18,15 +18,6 @@ namespace {
 
 constexpr QLatin1StringView model("gpt-4o");
 
-/// The fixed text that obliges the service to answer with one JSON object.
-QString systemPrompt()
-{
-    QFile file(u":/assistant/chat-system-prompt.txt"_s);
-    [[maybe_unused]] const bool isOpen = file.open(QFile::ReadOnly);
-    Q_ASSERT(isOpen);
-    return QString::fromUtf8(file.readAll());
-}
-
 QJsonObject chatMessage(QLatin1StringView role, const QString &content)
 {
     return {{"role"_L1, role}, {"content"_L1, content}};
@@ -37,7 +28,7 @@ QByteArray requestBody(const QString &prompt)
     return OrderedJsonObject()
         .add("model"_L1, QJsonValue(model))
         .add("messages"_L1,
-             QJsonArray{chatMessage("system"_L1, systemPrompt()), chatMessage("user"_L1, prompt)})
+             QJsonArray{chatMessage("system"_L1, chatSystemPrompt()), chatMessage("user"_L1, prompt)})
         .add("response_format"_L1, QJsonObject{{"type"_L1, "json_object"_L1}})
         .toJson();
 }

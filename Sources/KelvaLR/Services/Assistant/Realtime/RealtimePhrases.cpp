@@ -1,0 +1,50 @@
+#include "Services/Assistant/Realtime/RealtimePhrases.h"
+
+#include "Support/NormalizedWords.h"
+#include "Support/PhraseTable.h"
+
+#include <QList>
+
+namespace KelvaLR {
+
+namespace {
+
+constexpr PhraseList<6> wakePhrases{
+    u"hey kelva", u"hey kelwa", u"hey kelvie", u"hey kelvy", u"hey elva", u"hey elvie",
+};
+
+constexpr PhraseList<12> stopPhrases{
+    u"stop",      u"done",       u"all done", u"thats it",    u"that is it",     u"cancel",
+    u"nevermind", u"never mind", u"end",      u"end session", u"stop listening", u"close connection",
+};
+
+/// Words that end the session wherever they stand.
+constexpr PhraseList<2> stopWords{u"stop", u"cancel"};
+
+template <std::size_t size>
+bool isOneOf(QStringView text, const PhraseList<size> &phrases)
+{
+    return std::ranges::find(phrases, text) != phrases.end();
+}
+
+} // namespace
+
+QString normalizedComputerUseText(const QString &transcript)
+{
+    return normalizedWords(transcript);
+}
+
+bool containsWakePhrase(const QString &transcript)
+{
+    return containsAny(normalizedComputerUseText(transcript), wakePhrases);
+}
+
+bool isVoiceSessionStopCommand(const QString &transcript)
+{
+    const QString text = normalizedComputerUseText(transcript);
+    return isOneOf(text, stopPhrases) ||
+           std::ranges::any_of(QStringView(text).split(u' '),
+                               [](QStringView word) { return isOneOf(word, stopWords); });
+}
+
+} // namespace KelvaLR
