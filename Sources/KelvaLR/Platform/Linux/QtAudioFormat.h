@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Platform/AudioFormat.h"
+
+#include <QAudioFormat>
+
+namespace KelvaLR {
+
+[[nodiscard]] QAudioFormat toQt(const AudioFormat &format);
+
+/// A type of sample that Qt does not name is read as 16-bit integers, to which the sound system converts.
+[[nodiscard]] AudioFormat fromQt(const QAudioFormat &format);
+
+} // namespace KelvaLR
