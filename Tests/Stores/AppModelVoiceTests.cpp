@@ -38,7 +38,11 @@ TEST_F(AppModelVoiceTest, theListenerAndTheSessionShareOneMicrophone)
         model->startWakeWordListening();
         EXPECT_EQ(wakePhrase.starts, 1);
     }
+    realtime.isMicrophoneHeld = true;
     enter(RealtimeVoiceState::failed);
+    EXPECT_EQ(wakePhrase.starts, 1) << "the session that failed is not closed yet";
+    realtime.isMicrophoneHeld = false;
+    enter(RealtimeVoiceState::idle);
     EXPECT_EQ(wakePhrase.starts, 2);
 }
 

@@ -29,10 +29,7 @@ QSslCertificate certificate()
 std::unique_ptr<QTcpServer> tlsServer()
 {
     auto server = std::make_unique<QSslServer>();
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setLocalCertificate(certificate());
-    configuration.setPrivateKey(QSslKey(testFile("localhost.key"_L1), QSsl::Ec));
-    server->setSslConfiguration(configuration);
+    server->setSslConfiguration(testServerConfiguration());
     return server;
 }
 
@@ -110,6 +107,14 @@ TrustedTestCertificate::TrustedTestCertificate()
 TrustedTestCertificate::~TrustedTestCertificate()
 {
     QSslConfiguration::setDefaultConfiguration(m_previous);
+}
+
+QSslConfiguration testServerConfiguration()
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificate(certificate());
+    configuration.setPrivateKey(QSslKey(testFile("localhost.key"_L1), QSsl::Ec));
+    return configuration;
 }
 
 } // namespace KelvaLR::Testing

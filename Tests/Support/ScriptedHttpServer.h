@@ -44,6 +44,9 @@ private:
 /// A chat-completions response whose text output is this content.
 [[nodiscard]] QByteArray chatResponse(const QString &content);
 
+/// What a test server shows to its clients over TLS: a certificate for localhost.
+[[nodiscard]] QSslConfiguration testServerConfiguration();
+
 /// Makes every new TLS connection of this process trust the test server's certificate, while it lives.
 class TrustedTestCertificate
 {

@@ -17,6 +17,8 @@ class RecordingRealtimeVoiceService final : public RealtimeVoiceService
 public:
     bool isActive() const override { return isSessionActive; }
 
+    bool holdsMicrophone() const override { return isMicrophoneHeld; }
+
     QCoro::Task<> start(RealtimeSessionKind kind) override
     {
         return record(kind == RealtimeSessionKind::voice ? "start voice" : "start text");
@@ -34,6 +36,7 @@ public:
     void writeLog(const QString &message) override { log.append(message); }
 
     bool isSessionActive = false;
+    bool isMicrophoneHeld = false;
     QStringList calls;
     QStringList log;
 

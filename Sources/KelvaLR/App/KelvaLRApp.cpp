@@ -14,8 +14,11 @@ KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
     , m_lightroomService(m_applications, m_accessibility, m_lightroomMenus, m_automation,
                          LightroomPluginInstaller(), DebugLog(), {}, {}, diagnostics)
     , m_computerUseService(m_lightroomService, m_automation, m_applications)
-    , m_assistantProvider(OpenAIAccess(ProductConfiguration::current().openAIEnvironmentKeyName,
-                                       qEnvironmentVariable("OPENAI_BASE_URL")))
+    , m_openAIAccess(ProductConfiguration::current().openAIEnvironmentKeyName,
+                     qEnvironmentVariable("OPENAI_BASE_URL"))
+    , m_assistantProvider(m_openAIAccess)
+    , m_realtimeVoiceService(m_openAIAccess, m_audioInput, m_audioOutput,
+                             RealtimeToolRunner(m_lightroomService, m_computerUseService), DebugLog())
     , m_assistantActions(m_lightroomService, m_computerUseService)
     , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, m_wakePhraseListener,
                m_spokenFeedback, m_lightroomService, m_assistantActions, m_applications})

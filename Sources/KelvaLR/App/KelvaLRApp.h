@@ -4,14 +4,17 @@
 #include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/AccessibleLightroomMenus.h"
 #include "Platform/Linux/AtSpiAccessibility.h"
+#include "Platform/Linux/AudioThread.h"
 #include "Platform/Linux/DesktopApplications.h"
+#include "Platform/Linux/QtAudioInput.h"
+#include "Platform/Linux/QtAudioOutput.h"
 #include "Platform/Linux/SettingsPreferences.h"
 #include "Platform/Linux/WindowPing.h"
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Linux/XTestInputEvents.h"
 #include "Services/Assistant/AssistantActionRunner.h"
-#include "Services/Assistant/IdleRealtimeVoiceService.h"
 #include "Services/Assistant/OpenAIAssistantProvider.h"
+#include "Services/Assistant/Realtime/OpenAIRealtimeVoiceService.h"
 #include "Services/Automation/UIAutomationService.h"
 #include "Services/Lightroom/LightroomService.h"
 #include "Services/Lightroom/MacComputerUseService.h"
@@ -52,13 +55,17 @@ private:
     WindowPing m_windowPing;
     XTestInputEvents m_inputEvents;
     AccessibleLightroomMenus m_lightroomMenus{m_applications, m_accessibility};
+    AudioThread m_audioThread;
+    QtAudioInput m_audioInput{m_audioThread};
+    QtAudioOutput m_audioOutput{m_audioThread};
 
     UIAutomationService m_automation;
     LightroomService m_lightroomService;
     MacComputerUseService m_computerUseService;
 
-    IdleRealtimeVoiceService m_realtimeVoiceService{DebugLog()};
+    OpenAIAccess m_openAIAccess;
     OpenAIAssistantProvider m_assistantProvider;
+    OpenAIRealtimeVoiceService m_realtimeVoiceService;
     AssistantActionRunner m_assistantActions;
     DeafWakePhraseListener m_wakePhraseListener;
     SilentSpokenFeedback m_spokenFeedback;

@@ -113,7 +113,7 @@ void AppModel::handleRealtimeError(const QString &message)
 
 void AppModel::startWakeWordListening()
 {
-    if (!isRealtimeSessionBusy()) {
+    if (!isRealtimeSessionBusy() && !m_services.realtimeVoiceService.holdsMicrophone()) {
         m_services.wakeWordVoiceService.start();
     }
 }

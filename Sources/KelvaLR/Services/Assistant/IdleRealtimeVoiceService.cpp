@@ -12,6 +12,11 @@ bool IdleRealtimeVoiceService::isActive() const
     return false;
 }
 
+bool IdleRealtimeVoiceService::holdsMicrophone() const
+{
+    return false;
+}
+
 QCoro::Task<> IdleRealtimeVoiceService::start(RealtimeSessionKind)
 {
     co_return;

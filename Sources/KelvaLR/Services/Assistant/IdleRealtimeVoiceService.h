@@ -12,6 +12,7 @@ public:
     explicit IdleRealtimeVoiceService(DebugLog log);
 
     bool isActive() const override;
+    bool holdsMicrophone() const override;
     QCoro::Task<> start(RealtimeSessionKind kind) override;
     QCoro::Task<> stop() override;
     QCoro::Task<> setVoiceMode(RealtimeSessionKind kind) override;

@@ -46,6 +46,9 @@ public:
     /// A session is connected and configured.
     [[nodiscard]] virtual bool isActive() const = 0;
 
+    /// A session captures sound, also when it has failed and is not closed yet.
+    [[nodiscard]] virtual bool holdsMicrophone() const = 0;
+
     /// Opens a session, or closes the one that is active.
     virtual QCoro::Task<> start(RealtimeSessionKind kind) = 0;
     /// Closes the session and falls back to `idle`.
