@@ -47,9 +47,15 @@ protected:
     std::unique_ptr<OpenAIRealtimeVoiceService>
     makeService(const QString &baseUrl, RealtimeTiming timing = RealtimeSessionTest::timing())
     {
+        return makeService(baseUrl, timing, input, output);
+    }
+
+    std::unique_ptr<OpenAIRealtimeVoiceService> makeService(const QString &baseUrl, RealtimeTiming timing,
+                                                            AudioInput &microphone, AudioOutput &speaker)
+    {
         const auto lookup = [this](const QString &) { return apiKey; };
         auto made = std::make_unique<OpenAIRealtimeVoiceService>(
-            OpenAIAccess(QStringLiteral("KELVALR_OPENAI_API_KEY"), baseUrl, lookup), input, output,
+            OpenAIAccess(QStringLiteral("KELVALR_OPENAI_API_KEY"), baseUrl, lookup), microphone, speaker,
             RealtimeToolRunner(*lightroom.service, computerUse), DebugLog(log()), timing);
         made->onStateChange = [this](State state) { states.append(state); };
         made->onAssistantTranscript = [this](const QString &text) { transcripts.append(text); };
