@@ -1,5 +1,9 @@
 #include "Services/Assistant/Realtime/RealtimeSessionFixture.h"
 
+#include <QCryptographicHash>
+#include <QTcpServer>
+#include <QTcpSocket>
+
 namespace KelvaLR::Testing {
 namespace {
 
@@ -29,6 +33,7 @@ TEST_F(RealtimeFailureTest, aStartThatFailsSaysWhyAndEndsIdle)
         QString error;
     };
 
+    ScriptedHttpServer http;
     const QString denied =
         u"Microphone access was denied. Enable it in System Settings to test Realtime voice."_s;
     const Case cases[] = {
@@ -41,12 +46,18 @@ TEST_F(RealtimeFailureTest, aStartThatFailsSaysWhyAndEndsIdle)
         {"closed before the session is confirmed",
          [&] { server.whenConnected = [&] { server.client()->close(); }; },
          u"The realtime service closed the connection."_s},
+        {"reset before the session is confirmed",
+         [&] { server.whenConnected = [&] { server.client()->abort(); }; },
+         u"The realtime service closed the connection."_s},
+        {"no WebSocket", [&] { service = makeService(http.baseUrl()); },
+         u"QWebSocketPrivate::processHandshake: Unhandled http status code: 404 (Not Found)."_s},
         {"nothing listens", [&] { service = makeService(u"http://127.0.0.1:1/v1"_s); },
          u"Connection refused"_s},
         {"a host that may not be reached in the clear",
          [&] { service = makeService(u"http://example.com/v1"_s); },
          u"OPENAI_BASE_URL begins with http://, which is allowed for this computer only."_s},
     };
+    http.answer = [](const ScriptedHttpServer::Request &) { return httpResponse("404 Not Found"); };
     const auto whenConnected = server.whenConnected;
     for (const Case &c : cases) {
         SCOPED_TRACE(c.name);
@@ -106,15 +117,69 @@ TEST_F(RealtimeFailureTest, anErrorOfTheServiceEndsTheSessionUnlessItIsHarmless)
 
 TEST_F(RealtimeFailureTest, aLostConnectionIsReportedOnceAndTheSessionCanBeClosed)
 {
-    open(RealtimeSessionKind::voice);
-    server.client()->abort();
-    EXPECT_TRUE(waitUntil([&] { return !errors.isEmpty(); }));
-    EXPECT_EQ(states, QList<State>{failed});
-    input.deliver(QByteArray(2048 * 4, '\0'));
-    waitForTask(service->start(RealtimeSessionKind::voice)); // the control turns it off
-    EXPECT_EQ(errors.size(), 1);
-    EXPECT_EQ(states, (QList<State>{failed, idle}));
-    EXPECT_FALSE(input.isCapturing());
+    const std::function<void()> losses[] = {
+        [&] { server.client()->abort(); }, [&] { server.client()->close(); },
+        [&] { server.client()->sendBinaryMessage(QByteArray(17 * 1024 * 1024, 'a')); }, // too much for us
+    };
+    for (const auto &lose : losses) {
+        errors.clear();
+        open(RealtimeSessionKind::voice);
+        lose();
+        ASSERT_TRUE(waitUntil([&] { return !errors.isEmpty(); }));
+        EXPECT_EQ(states, QList<State>{failed});
+        EXPECT_TRUE(service->holdsMicrophone());
+        input.deliver(QByteArray(2048 * 4, '\0'));
+        waitForTask(service->start(RealtimeSessionKind::voice)); // the control turns it off
+        EXPECT_EQ(errors.size(), 1) << errors.join(u' ').toStdString();
+        EXPECT_EQ(states, (QList<State>{failed, idle}));
+        EXPECT_FALSE(input.isCapturing());
+    }
+}
+
+/// A service that confirms the session and then reads nothing any more.
+class DeafService
+{
+public:
+    DeafService()
+    {
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            QTcpSocket *client = m_server.nextPendingConnection();
+            QObject::connect(client, &QTcpSocket::readyRead, client, [client] { answer(*client); });
+        });
+        m_server.listen(QHostAddress::LocalHost);
+    }
+
+    [[nodiscard]] QString baseUrl() const { return u"http://127.0.0.1:%1/v1"_s.arg(m_server.serverPort()); }
+
+private:
+    static void answer(QTcpSocket &client)
+    {
+        const QByteArray request = client.readAll();
+        const auto start = request.toLower().indexOf("sec-websocket-key: ") + 19;
+        if (start < 19) {
+            return;
+        }
+        const QByteArray key = request.mid(start, 24) + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11"; // RFC 6455
+        const QByteArray accept = QCryptographicHash::hash(key, QCryptographicHash::Sha1);
+        client.write("HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+                     "Sec-WebSocket-Accept: " +
+                     accept.toBase64() + "\r\n\r\n\x81\x1a{\"type\":\"session.created\"}");
+    }
+
+    QTcpServer m_server;
+};
+
+TEST_F(RealtimeFailureTest, pingsThatAreNotAnsweredAreOnlyLogged)
+{
+    const DeafService deaf;
+    RealtimeTiming impatient = timing();
+    impatient.ping = 20ms;
+    service = makeService(deaf.baseUrl(), impatient);
+    waitForTask(service->start(RealtimeSessionKind::text));
+    ASSERT_TRUE(service->isActive()) << errors.join(u' ').toStdString();
+    EXPECT_TRUE(waitUntil([&] { return logged().contains("WebSocket ping failed: no pong came"_L1); }));
+    EXPECT_TRUE(service->isActive());
+    EXPECT_EQ(errors, QStringList());
 }
 
 TEST_F(RealtimeFailureTest, aDeviceThatGoesAwayEndsTheSessionWithASentence)

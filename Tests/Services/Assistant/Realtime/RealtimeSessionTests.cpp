@@ -249,6 +249,7 @@ TEST_F(RealtimeSessionTest, whatIsNoEventIsIgnored)
     server.client()->sendTextMessage(u"[1]"_s);
     server.client()->sendTextMessage(u"{\"type\": 4}"_s);
     server.client()->sendBinaryMessage(R"({"type": "response.done"})");
+    server.client()->setOutgoingFrameSize(1'000); // the next event comes in many frames
     server.send(event(u"response.text.delta"_s, u"delta"_s, QString(200'000, u'a')));
     server.send(QJsonObject{{u"type"_s, u"response.text.delta"_s}, {u"delta"_s, 5}});
     settle();

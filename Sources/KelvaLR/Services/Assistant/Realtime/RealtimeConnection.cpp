@@ -15,8 +15,9 @@ RealtimeConnection::RealtimeConnection(QObject *parent)
             [this](const QString &text) { Q_EMIT frameReceived(text.toUtf8()); });
     connect(&m_socket, &QWebSocket::binaryMessageReceived, this, &RealtimeConnection::frameReceived);
     connect(&m_socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), this,
-            &RealtimeConnection::end);
-    connect(&m_socket, &QWebSocket::disconnected, this, &RealtimeConnection::end);
+            [this](QAbstractSocket::SocketError error) { end(reasonOf(error)); });
+    // Some errors are told only after this.
+    connect(&m_socket, &QWebSocket::disconnected, this, [this] { end(reasonOf(m_socket.error())); });
     connect(&m_socket, &QWebSocket::pong, this, [this] { m_isPongOutstanding = false; });
     connect(&m_pingTimer, &QTimer::timeout, this, &RealtimeConnection::ping);
 }
@@ -53,24 +54,21 @@ bool RealtimeConnection::isOpen() const
     return m_socket.state() == QAbstractSocket::ConnectedState;
 }
 
-void RealtimeConnection::end()
+QString RealtimeConnection::reasonOf(QAbstractSocket::SocketError error) const
+{
+    const bool isOrderly =
+        error == QAbstractSocket::UnknownSocketError || error == QAbstractSocket::RemoteHostClosedError;
+    return isOrderly ? m_socket.closeReason() : m_socket.errorString();
+}
+
+void RealtimeConnection::end(const QString &reason)
 {
     if (m_hasEnded) {
         return;
     }
     m_hasEnded = true;
     m_pingTimer.stop();
-    Q_EMIT ended(reasonOfEnd());
-}
-
-QString RealtimeConnection::reasonOfEnd() const
-{
-    if (!m_socket.closeReason().isEmpty()) {
-        return m_socket.closeReason();
-    }
-    const bool isOrderly = m_socket.error() == QAbstractSocket::UnknownSocketError ||
-                           m_socket.error() == QAbstractSocket::RemoteHostClosedError;
-    return isOrderly ? u"The realtime service closed the connection."_s : m_socket.errorString();
+    Q_EMIT ended(reason.isEmpty() ? u"The realtime service closed the connection."_s : reason);
 }
 
 void RealtimeConnection::ping()

@@ -41,8 +41,8 @@ Q_SIGNALS:
     void pingFailed(const QString &reason);
 
 private:
-    void end();
-    [[nodiscard]] QString reasonOfEnd() const;
+    [[nodiscard]] QString reasonOf(QAbstractSocket::SocketError error) const;
+    void end(const QString &reason);
     void ping();
 
     QWebSocket m_socket;
