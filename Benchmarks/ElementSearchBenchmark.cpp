@@ -2,6 +2,7 @@
 // role, title, description, text value, pressable, with a centre), repeated up to 50,000 elements.
 
 #include "Services/Automation/UIElementSearch.h"
+#include "Support/NormalizedWords.h"
 
 #include <benchmark/benchmark.h>
 
@@ -63,7 +64,7 @@ const AccessibilityTree &tree()
 
 void scoreOneElement(benchmark::State &state)
 {
-    const QString target = normalizedElementText(u"Exposure"_s);
+    const QString target = normalizedWords(u"Exposure"_s);
     qsizetype next = 0;
     while (state.KeepRunning()) {
         benchmark::DoNotOptimize(elementScore(tree().at(next), target, ElementPurpose::click));

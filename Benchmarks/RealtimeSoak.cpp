@@ -114,12 +114,9 @@ bool report(const Count &count)
     return count.sent == count.arrived;
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+/// Whether everything arrived.
+bool converse(std::chrono::minutes length)
 {
-    const QCoreApplication application(argc, argv);
-    const std::chrono::minutes length(std::max(1, QCoreApplication::arguments().value(1, u"30"_s).toInt()));
     const QTemporaryDir folder;
     TalkativeServer service;
     LightroomRig lightroom;
@@ -166,5 +163,19 @@ int main(int argc, char **argv)
     }
     std::printf("blocks of the microphone: %lld arrived\n", static_cast<long long>(service.blocks));
     waitForTask(session.stop());
-    return isWhole ? 0 : 1;
+    return isWhole;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const int minutes = QCoreApplication::arguments().value(1, u"30"_s).toInt();
+    try {
+        return converse(std::chrono::minutes(std::max(1, minutes))) ? 0 : 1;
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "realtime_soak: %s\n", error.what());
+        return 1;
+    }
 }

@@ -119,7 +119,9 @@ TEST_F(RealtimeFailureTest, aLostConnectionIsReportedOnceAndTheSessionCanBeClose
 {
     const std::function<void()> losses[] = {
         [&] { server.client()->abort(); }, [&] { server.client()->close(); },
-        [&] { server.client()->sendBinaryMessage(QByteArray(17 * 1024 * 1024, 'a')); }, // too much for us
+        [&] {
+            server.client()->sendBinaryMessage(QByteArray(qsizetype{17} * 1024 * 1024, 'a'));
+        }, // too much for us
     };
     for (const auto &lose : losses) {
         errors.clear();
@@ -128,7 +130,7 @@ TEST_F(RealtimeFailureTest, aLostConnectionIsReportedOnceAndTheSessionCanBeClose
         ASSERT_TRUE(waitUntil([&] { return !errors.isEmpty(); }));
         EXPECT_EQ(states, QList<State>{failed});
         EXPECT_TRUE(service->holdsMicrophone());
-        input.deliver(QByteArray(2048 * 4, '\0'));
+        input.deliver(QByteArray(qsizetype{2048} * 4, '\0'));
         waitForTask(service->start(RealtimeSessionKind::voice)); // the control turns it off
         EXPECT_EQ(errors.size(), 1) << errors.join(u' ').toStdString();
         EXPECT_EQ(states, (QList<State>{failed, idle}));
@@ -202,7 +204,7 @@ TEST_F(RealtimeFailureTest, nothingIsTouchedWhenTheServiceEndsAtAnyMoment)
     server.whenConnected = [&] { server.send(u"session.created"_s); };
     service = makeService(server.baseUrl());
     open(RealtimeSessionKind::voice);
-    input.deliver(QByteArray(2048 * 4, '\0'));
+    input.deliver(QByteArray(qsizetype{2048} * 4, '\0'));
     service.reset();
     QCoreApplication::processEvents();
     EXPECT_FALSE(input.isCapturing());

@@ -53,7 +53,7 @@ OpenAIRealtimeVoiceService::OpenAIRealtimeVoiceService(OpenAIAccess access, Audi
     , m_timing(timing)
     , m_audio(
           input, output,
-          [this](const QByteArray &pcm) { (void)sendJSON(RealtimeClientEvents::appendAudio(pcm)); },
+          [this](const QByteArray &pcm) { sendIfConnected(RealtimeClientEvents::appendAudio(pcm)); },
           [this](const QString &sentence) {
               fail(sentence);
               closeSession();
@@ -147,7 +147,7 @@ QCoro::Task<OpenAIRealtimeVoiceService::Result> OpenAIRealtimeVoiceService::conn
             [this](const QString &reason) { writeLog("WebSocket ping failed: "_L1 + reason); });
     m_connecting = std::make_unique<QPromise<QString>>();
     m_connecting->start();
-    QFuture<QString> confirmed = m_connecting->future();
+    const QFuture<QString> confirmed = m_connecting->future();
     m_connectionDeadline.start(m_timing.connection);
     m_connection->open(realtimeRequest(*address, apiKey), m_timing.ping);
     const QString error = co_await confirmed;
@@ -297,10 +297,16 @@ OpenAIRealtimeVoiceService::Result OpenAIRealtimeVoiceService::sendJSON(const QB
     return m_connection->send(event);
 }
 
-/// What the microphone heard so far is no utterance. Nothing depends on whether this arrives.
+/// For events on whose arrival nothing depends.
+void OpenAIRealtimeVoiceService::sendIfConnected(const QByteArray &event)
+{
+    [[maybe_unused]] const Result sent = sendJSON(event);
+}
+
+/// What the microphone heard so far is no utterance.
 void OpenAIRealtimeVoiceService::sendClear()
 {
-    (void)sendJSON(RealtimeClientEvents::clearInputAudio());
+    sendIfConnected(RealtimeClientEvents::clearInputAudio());
 }
 
 void OpenAIRealtimeVoiceService::scheduleIdleDisconnect()

@@ -70,6 +70,7 @@ private:
 
     // What goes up.
     Result sendJSON(const QByteArray &event);
+    void sendIfConnected(const QByteArray &event);
     void sendClear();
     void scheduleIdleDisconnect();
 

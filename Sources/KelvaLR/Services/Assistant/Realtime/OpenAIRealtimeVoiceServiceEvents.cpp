@@ -197,7 +197,7 @@ void OpenAIRealtimeVoiceService::handleResponseDone(const RealtimeServerEvent &)
         onResponseDone();
     }
     if (std::exchange(m_shouldAskForFollowUp, false)) {
-        (void)sendJSON(RealtimeClientEvents::createResponse());
+        sendIfConnected(RealtimeClientEvents::createResponse());
     }
     scheduleIdleDisconnect();
 }
@@ -240,7 +240,7 @@ QCoro::Task<> OpenAIRealtimeVoiceService::handleFunctionCall(RealtimeServerEvent
         }
         co_return;
     }
-    const RealtimeToolCall call = *parsed;
+    const RealtimeToolCall &call = *parsed;
     writeLog("Tool call 'computer_use': action = "_L1 + call.action + ", args = "_L1 + call.arguments);
     const std::optional<QStringList> targetPaths = co_await targetPathsFor(call);
     if (!self || !isOf(session)) {
