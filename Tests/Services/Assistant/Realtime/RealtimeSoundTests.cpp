@@ -18,6 +18,8 @@ class RealtimeSoundTest : public RealtimeSessionTest
 protected:
     RealtimeSoundTest() { service = makeService(server.baseUrl(), timing(), microphone, speaker); }
 
+    void TearDown() override { service.reset(); } // it is the devices that end last
+
     /// All that has come up so far.
     [[nodiscard]] QByteArray heardByTheService() const
     {
