@@ -273,9 +273,8 @@ void OpenAIRealtimeVoiceService::handleEndOfConnection(const QString &reason)
 
 void OpenAIRealtimeVoiceService::enter(RealtimeTransition transition)
 {
-    m_state = stateAfter(transition);
     if (onStateChange) {
-        onStateChange(m_state);
+        onStateChange(stateAfter(transition));
     }
 }
 

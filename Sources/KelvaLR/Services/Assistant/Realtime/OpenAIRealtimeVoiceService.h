@@ -111,7 +111,6 @@ private:
     int m_session = 0; ///< counts up with every start and stop
     bool m_isStarting = false;
     RealtimeSessionKind m_kind = RealtimeSessionKind::voice;
-    RealtimeVoiceState m_state = RealtimeVoiceState::idle;
     QString m_transcriptBuffer; ///< the reply's words so far
     bool m_didExecuteComputerUse = false;
     QDeadlineTimer m_suppressComputerUseUntil{0};
