@@ -2,7 +2,7 @@
 // is timed by itself: the counters are the median, the 99th percentile and the maximum of single blocks, in
 // microseconds. At 48 kHz a block comes every 42,667 microseconds.
 
-#include "Services/Assistant/PcmConverter.h"
+#include "Support/PcmConverter.h"
 
 #include <benchmark/benchmark.h>
 
@@ -36,7 +36,7 @@ void convertBlock(benchmark::State &state)
     const AudioFormat format{static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
                              AudioFormat::SampleType::float32};
     const QByteArray block = soundOf(format);
-    auto converter = PcmConverter::make(format).value();
+    auto converter = PcmConverter::make(format, 24'000).value();
     std::vector<double> microseconds;
     while (state.KeepRunning()) {
         const auto start = std::chrono::steady_clock::now();

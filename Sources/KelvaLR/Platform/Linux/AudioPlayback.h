@@ -3,7 +3,7 @@
 #include "Platform/Linux/AudioThread.h"
 #include "Platform/Linux/PlaybackQueue.h"
 
-#include "Platform/AudioFormat.h"
+#include "Models/AudioFormat.h"
 
 #include <QAudioSink>
 #include <QDeadlineTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/AudioFormat.h"
+#include "Models/AudioFormat.h"
 
 #include <QAudioFormat>
 

@@ -2,8 +2,8 @@
 
 #include "Platform/AudioInput.h"
 #include "Platform/AudioOutput.h"
-#include "Services/Assistant/PcmConverter.h"
 #include "Services/Assistant/Realtime/RealtimeVoiceError.h"
+#include "Support/PcmConverter.h"
 
 namespace KelvaLR {
 
@@ -13,7 +13,7 @@ namespace {
 constexpr qsizetype blockFrames = 2048;
 
 constexpr AudioFormat wireFormat{
-    .sampleRate = PcmConverter::sampleRate, .channels = 1, .sample = AudioFormat::SampleType::int16};
+    .sampleRate = 24'000, .channels = 1, .sample = AudioFormat::SampleType::int16};
 
 } // namespace
 
@@ -42,7 +42,7 @@ std::expected<void, QString> RealtimeAudio::startMicrophone()
     if (!format) {
         return std::unexpected(format.error());
     }
-    auto made = PcmConverter::make(*format);
+    auto made = PcmConverter::make(*format, wireFormat.sampleRate);
     if (!made) {
         return std::unexpected(description(RealtimeVoiceError::audioConversionUnavailable));
     }

@@ -1,4 +1,4 @@
-#include "Services/Assistant/PcmConverter.h"
+#include "Support/PcmConverter.h"
 
 #include <QtEndian>
 
@@ -50,7 +50,7 @@ QByteArray recorded(const AudioFormat &format, qint64 first, qint64 frames, cons
 std::vector<double> converted(const AudioFormat &format, qint64 frames, const std::vector<qint64> &sizes,
                               const Signal &signal)
 {
-    auto converter = PcmConverter::make(format).value();
+    auto converter = PcmConverter::make(format, 24'000).value();
     QByteArray pcm;
     for (qint64 done = 0, block = 0; done < frames; ++block) {
         const qint64 size = std::min(frames - done, sizes[static_cast<std::size_t>(block) % sizes.size()]);
@@ -196,7 +196,7 @@ TEST(PcmConverter, forgetsSamplesThatAreNoNumbers)
 TEST(PcmConverter, dropsABlockThatIsShorterThanItsFrames)
 {
     const AudioFormat format{48'000, 2, Sample::int16};
-    auto converter = PcmConverter::make(format).value();
+    auto converter = PcmConverter::make(format, 24'000).value();
     EXPECT_TRUE(converter.convert(QByteArray(qsizetype{4} * 2'048 - 1, '\0'), 2'048).isEmpty());
     EXPECT_TRUE(converter.convert({}, 0).isEmpty());
     EXPECT_TRUE(converter.convert({}, -1).isEmpty());
@@ -205,9 +205,9 @@ TEST(PcmConverter, dropsABlockThatIsShorterThanItsFrames)
 
 TEST(PcmConverter, isNotMadeForFormatsWithoutSound)
 {
-    EXPECT_FALSE(PcmConverter::make({0, 1, Sample::int16}));
-    EXPECT_FALSE(PcmConverter::make({-48'000, 1, Sample::int16}));
-    EXPECT_FALSE(PcmConverter::make({48'000, 0, Sample::int16}));
+    EXPECT_FALSE(PcmConverter::make({0, 1, Sample::int16}, 24'000));
+    EXPECT_FALSE(PcmConverter::make({-48'000, 1, Sample::int16}, 24'000));
+    EXPECT_FALSE(PcmConverter::make({48'000, 0, Sample::int16}, 24'000));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "Services/Assistant/PcmConverter.h"
+#include "Support/PcmConverter.h"
 
 #include <QtEndian>
 
@@ -90,24 +90,25 @@ void PcmConverter::Destroy::operator()(SpeexResamplerState_ *resampler) const
     speex_resampler_destroy(resampler);
 }
 
-PcmConverter::PcmConverter(const AudioFormat &input, Resampler resampler)
+PcmConverter::PcmConverter(const AudioFormat &input, int outputRate, Resampler resampler)
     : m_input(input)
+    , m_outputRate(outputRate)
     , m_resampler(std::move(resampler))
 {
 }
 
-std::optional<PcmConverter> PcmConverter::make(const AudioFormat &input)
+std::optional<PcmConverter> PcmConverter::make(const AudioFormat &input, int outputRate)
 {
-    if (input.sampleRate <= 0 || input.channels <= 0) {
+    if (input.sampleRate <= 0 || input.channels <= 0 || outputRate <= 0) {
         return std::nullopt;
     }
     int error = RESAMPLER_ERR_SUCCESS;
-    Resampler resampler(
-        speex_resampler_init(1, static_cast<spx_uint32_t>(input.sampleRate), sampleRate, quality, &error));
+    Resampler resampler(speex_resampler_init(1, static_cast<spx_uint32_t>(input.sampleRate),
+                                             static_cast<spx_uint32_t>(outputRate), quality, &error));
     if (!resampler || error != RESAMPLER_ERR_SUCCESS) {
         return std::nullopt;
     }
-    return PcmConverter(input, std::move(resampler));
+    return PcmConverter(input, outputRate, std::move(resampler));
 }
 
 QByteArray PcmConverter::convert(QByteArrayView block, qsizetype frames)
@@ -120,7 +121,7 @@ QByteArray PcmConverter::convert(QByteArrayView block, qsizetype frames)
 
     // The resampler works through a block in pieces and stops as soon as its output is full, also when the
     // rest of the input would give nothing more: one place beyond the capacity lets it take all of the input.
-    const qsizetype capacity = qint64{sampleRate} * frames / m_input.sampleRate + 1;
+    const qsizetype capacity = qint64{m_outputRate} * frames / m_input.sampleRate + 1;
     m_resampled.resize(static_cast<std::size_t>(capacity) + 1);
     auto taken = static_cast<spx_uint32_t>(frames);
     auto given = static_cast<spx_uint32_t>(m_resampled.size());
