@@ -54,6 +54,7 @@ public:
         server.listen(QHostAddress::LocalHost);
         connect(&server, &QWebSocketServer::newConnection, this, [this] {
             client = server.nextPendingConnection();
+            client->setParent(this);
             connect(client, &QWebSocket::textMessageReceived, this, &TalkativeServer::count);
             send(u"session.created"_s);
         });
@@ -163,6 +164,7 @@ bool converse(std::chrono::minutes length)
     }
     std::printf("blocks of the microphone: %lld arrived\n", static_cast<long long>(service.blocks));
     waitForTask(session.stop());
+    (void)waitUntil([] { return false; }, 1s); // what the connection deletes later
     return isWhole;
 }
 

@@ -1,88 +1,20 @@
 #include "Services/Lightroom/Language/LightroomCommandParser.h"
 
+#include "Services/Lightroom/Language/CommandTables.h"
 #include "Services/Lightroom/Language/LightroomFrontmost.h"
 #include "Services/Lightroom/Language/LightroomLaunchCommandParser.h"
 #include "Services/Lightroom/Language/LightroomPhrases.h"
 #include "Services/Lightroom/Language/LightroomSliderPromptParser.h"
-#include "Support/PhraseTable.h"
 #include "Support/TextTrimming.h"
 
 #include <algorithm>
-#include <array>
 
 namespace KelvaLR::LightroomCommandParser {
 
 namespace {
 
-using namespace Qt::StringLiterals;
+using namespace CommandTables;
 using namespace LightroomCommand;
-
-constexpr PhraseList<7> locationSuffixes{
-    u" in lightroom classic",
-    u" in lightroom",
-    u" lightroom classic",
-    u" lightroom",
-    u" button",
-    u" field",
-    u" slider",
-};
-
-constexpr PhraseList<3> statusPhrases{u"status", u"what photo", u"selected photo"};
-
-constexpr PhraseList<3> presetVerbs{u"apply ", u"use ", u"set "};
-constexpr PhraseList<3> presetNamePrefixes{u"called ", u"named ", u"the "};
-constexpr QStringView presetSuffix = u" preset";
-
-constexpr std::array<PhraseRow<QLatin1StringView>, 8> cullTable{{
-    {u"unflag", "unflag"_L1},
-    {u"remove flag", "unflag"_L1},
-    {u"clear flag", "unflag"_L1},
-    {u"reject", "reject"_L1},
-    {u"flag as reject", "reject"_L1},
-    {u"pick", "pick"_L1},
-    {u"flag as pick", "pick"_L1},
-    {u"keeper", "pick"_L1},
-}};
-
-constexpr PhraseList<3> ratingPhrases{u"star", u"rating", u"rate "};
-
-/// Digits are looked for before words, so "five stars, not 4" is 4.
-constexpr std::array<PhraseRow<int>, 12> ratingTable{{
-    {u"0", 0},
-    {u"1", 1},
-    {u"2", 2},
-    {u"3", 3},
-    {u"4", 4},
-    {u"5", 5},
-    {u"zero", 0},
-    {u"one", 1},
-    {u"two", 2},
-    {u"three", 3},
-    {u"four", 4},
-    {u"five", 5},
-}};
-
-constexpr std::array<PhraseRow<QLatin1StringView>, 7> directionTable{{
-    {u"next photo", "next"_L1},
-    {u"next image", "next"_L1},
-    {u"go next", "next"_L1},
-    {u"previous photo", "prev"_L1},
-    {u"previous image", "prev"_L1},
-    {u"prev photo", "prev"_L1},
-    {u"go previous", "prev"_L1},
-}};
-
-/// Words that name a direction only when they stand alone.
-constexpr std::array<PhraseRow<QLatin1StringView>, 3> loneDirectionTable{{
-    {u"next", "next"_L1},
-    {u"previous", "prev"_L1},
-    {u"prev", "prev"_L1},
-}};
-
-constexpr PhraseList<6> clickVerbs{u"click on ", u"click the ", u"click ", u"tap on ", u"tap the ", u"tap "};
-constexpr PhraseList<4> keyVerbs{u"press the ", u"press ", u"hit the ", u"hit "};
-constexpr PhraseList<3> typeVerbs{u"type ", u"enter ", u"write "};
-constexpr PhraseList<6> fieldSeparators{u" into the ", u" into ", u" in the ", u" in ", u" on the ", u" on "};
 
 /// The suffixes are taken off one after the other, so "Exposure slider in Lightroom" becomes "Exposure".
 QString stripLightroomSuffix(const QString &name)

@@ -1,21 +1,15 @@
 #include "Services/Lightroom/Language/LightroomLaunchCommandParser.h"
 
+#include "Services/Lightroom/Language/CommandTables.h"
 #include "Services/Lightroom/Language/LightroomPhrases.h"
-#include "Support/PhraseTable.h"
 #include "Support/TextTrimming.h"
 
 namespace KelvaLR::LightroomLaunchCommandParser {
 
-namespace {
-
-constexpr PhraseList<3> launchVerbs{u"open ", u"launch ", u"start "};
-
-} // namespace
-
 std::optional<QString> parse(const QString &text)
 {
     const LowercasedText request(trimmedWhitespace(text));
-    for (const QStringView verb : launchVerbs) {
+    for (const QStringView verb : CommandTables::launchVerbs) {
         if (const auto rest = withoutPrefix(request, verb)) {
             QString name = trimmedWhitespace(*rest);
             return lowercased(name).contains(u"lightroom") ? std::optional(std::move(name)) : std::nullopt;

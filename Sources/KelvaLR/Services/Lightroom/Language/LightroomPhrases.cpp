@@ -1,32 +1,11 @@
 #include "Services/Lightroom/Language/LightroomPhrases.h"
 
-#include "Support/PhraseTable.h"
+#include "Services/Lightroom/Language/CommandTables.h"
 #include "Support/TextTrimming.h"
 
 namespace KelvaLR {
 
-namespace {
-
-constexpr PhraseList<2> importSubjects{u"folder", u"photos"};
-
-constexpr PhraseList<5> importMarkers{
-    u" from folder ", u" from the folder ", u" from ", u" in folder ", u" in the folder ",
-};
-
-constexpr PhraseList<10> presetMarkers{
-    u"apply preset ",
-    u"apply the preset ",
-    u"use preset ",
-    u"use the preset ",
-    u"set preset ",
-    u"set the preset ",
-    u"apply preset called ",
-    u"apply preset named ",
-    u"apply lightroom preset ",
-    u"apply the lightroom preset ",
-};
-
-} // namespace
+using namespace CommandTables;
 
 std::optional<QString> importFolderPath(const LowercasedText &request)
 {

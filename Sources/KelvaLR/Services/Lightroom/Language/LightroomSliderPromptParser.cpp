@@ -1,48 +1,17 @@
 #include "Services/Lightroom/Language/LightroomSliderPromptParser.h"
 
+#include "Services/Lightroom/Language/CommandTables.h"
 #include "Services/Lightroom/Language/NumbersInText.h"
 #include "Support/DecimalNumber.h"
 #include "Support/LowercasedText.h"
-#include "Support/PhraseTable.h"
 
-#include <array>
 #include <cmath>
 
 namespace KelvaLR::LightroomSliderPromptParser {
 
 namespace {
 
-using namespace Qt::StringLiterals;
-
-constexpr std::array<PhraseRow<QLatin1StringView>, 18> sliderTable{{
-    {u"exposure", "exposure"_L1},
-    {u"contrast", "contrast"_L1},
-    {u"highlights", "highlights"_L1},
-    {u"shadows", "shadows"_L1},
-    {u"whites", "whites"_L1},
-    {u"blacks", "blacks"_L1},
-    {u"temperature", "temperature"_L1},
-    {u"temp", "temperature"_L1},
-    {u"tint", "tint"_L1},
-    {u"texture", "texture"_L1},
-    {u"clarity", "clarity"_L1},
-    {u"dehaze", "dehaze"_L1},
-    {u"vibrance", "vibrance"_L1},
-    {u"saturation", "saturation"_L1},
-    {u"grain amount", "grainamount"_L1},
-    {u"grain size", "grainsize"_L1},
-    {u"grain frequency", "grainfrequency"_L1},
-    {u"grain", "grainamount"_L1},
-}};
-
-constexpr PhraseList<12> actionWords{
-    u"adjust",   u"change", u"set", u"reduce", u"decrease", u"lower",
-    u"increase", u"raise",  u"add", u"remove", u"brighten", u"darken",
-};
-
-constexpr PhraseList<5> decreaseWords{u"reduce", u"decrease", u"lower", u"darken", u"remove"};
-
-constexpr PhraseList<4> increaseWords{u"increase", u"raise", u"brighten", u"add"};
+using namespace CommandTables;
 
 bool referencesLightroomAction(QStringView lower)
 {

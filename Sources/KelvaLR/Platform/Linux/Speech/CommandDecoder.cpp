@@ -1,0 +1,192 @@
+#include "Platform/Linux/Speech/CommandDecoder.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <pocketsphinx.h>
+#include <sphinxbase/err.h>
+
+#include <algorithm>
+#include <ranges>
+
+namespace KelvaLR {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *commandSearch = "commands";
+constexpr const char *phoneSearch = "phones";
+constexpr QStringView greeting = u"hey";
+constexpr QStringView name = u"kelva";
+
+// Found on the tuning voices of Scripts/measure-wake-phrase: below, ordinary speech is taken for the phrase.
+constexpr double leastPhraseScore = -54;
+constexpr double leastUtteranceScore = -26;
+
+/// The score of the sound of words carries ten bits more than that of phones.
+constexpr double wordScoreUnit = 1024;
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+struct FreeConfiguration
+{
+    void operator()(cmd_ln_t *configuration) const { cmd_ln_free_r(configuration); }
+};
+
+using Configuration = std::unique_ptr<cmd_ln_t, FreeConfiguration>;
+
+/// The word of a segment without the number of its pronunciation: "kelva(2)" is kelva.
+QString spokenWord(const char *word)
+{
+    const QString text = QString::fromUtf8(word);
+    return text.left(text.indexOf(u'(', 1));
+}
+
+} // namespace
+
+SpeechModelFiles SpeechModelFiles::installed()
+{
+    const QString english = u"/usr/share/pocketsphinx/model/en-us/"_s;
+    const QString own = QCoreApplication::applicationDirPath() + u"/../share/kelvalr/speech/"_s;
+    return {english + u"en-us"_s, english + u"en-us-phone.lm.bin"_s, english + u"cmudict-en-us.dict"_s,
+            own + u"commands.lm"_s, own + u"commands.dict"_s};
+}
+
+bool SpeechModelFiles::exist() const
+{
+    const QStringList files{acoustic, phones, dictionary, commands, words};
+    return std::ranges::all_of(files, [](const QString &path) { return QFileInfo::exists(path); });
+}
+
+void CommandDecoder::Destroy::operator()(ps_decoder_s *decoder) const
+{
+    ps_free(decoder);
+}
+
+CommandDecoder::CommandDecoder(Decoder decoder, PresetVocabulary presets)
+    : m_decoder(std::move(decoder))
+    , m_presets(std::move(presets))
+{
+}
+
+CommandDecoder::~CommandDecoder() = default;
+
+std::expected<std::unique_ptr<CommandDecoder>, QString> CommandDecoder::make(const SpeechModelFiles &files,
+                                                                             const QStringList &presetNames)
+{
+    const std::unexpected unusable(u"The models of the wake phrase cannot be used."_s);
+    auto english =
+        presetNames.isEmpty() ? PronouncingDictionary() : PronouncingDictionary::read(files.dictionary);
+    if (!english) {
+        return std::unexpected(english.error());
+    }
+    PresetVocabulary presets(presetNames, *english);
+    const QTemporaryDir folder;
+    const QString model = folder.filePath(u"lm"_s);
+    const QString words = folder.filePath(u"dict"_s);
+    if (!write(model, modelWithWords(contents(files.commands), "[preset]", presets.words())) ||
+        !write(words, contents(files.words) + presets.dictionaryLines())) {
+        return unusable;
+    }
+
+    err_set_logfp(nullptr);
+    const Configuration configuration(
+        cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", QFile::encodeName(files.acoustic).constData(), "-dict",
+                    QFile::encodeName(words).constData(), "-logfn", "/dev/null", nullptr));
+    Decoder decoder(configuration ? ps_init(configuration.get()) : nullptr);
+    if (!decoder || ps_set_lm_file(decoder.get(), commandSearch, QFile::encodeName(model).constData()) != 0) {
+        return unusable;
+    }
+    // Narrower, or the phones take longer than the words.
+    cmd_ln_t *shared = ps_get_config(decoder.get());
+    cmd_ln_set_float_r(shared, "-lw", 2.0);
+    cmd_ln_set_float_r(shared, "-beam", 1e-20);
+    cmd_ln_set_float_r(shared, "-pbeam", 1e-20);
+    cmd_ln_set_boolean_r(shared, "-allphone_ci", TRUE);
+    if (ps_set_allphone_file(decoder.get(), phoneSearch, QFile::encodeName(files.phones).constData()) != 0) {
+        return unusable;
+    }
+    return std::unique_ptr<CommandDecoder>(new CommandDecoder(std::move(decoder), std::move(presets)));
+}
+
+std::optional<DecodedUtterance> CommandDecoder::decode(std::span<const qint16> samples)
+{
+    const Pass words = pass(commandSearch, samples);
+    const auto called = std::ranges::find(words.segments, name, &Segment::word);
+    if (called == words.segments.end()) {
+        return std::nullopt;
+    }
+    const auto before = std::ranges::find(std::make_reverse_iterator(called), words.segments.rend(), greeting,
+                                          &Segment::word);
+    if (before == words.segments.rend()) {
+        return std::nullopt;
+    }
+    const Pass sounds = pass(phoneSearch, samples);
+    const int first = before->first;
+    const int last = called->last;
+    const double asWords = scoreBetween(words.segments, first, last) / wordScoreUnit;
+    return DecodedUtterance{m_presets.withNames(words.text),
+                            (asWords - scoreBetween(sounds.segments, first, last)) / (last - first + 1),
+                            (words.score - sounds.score) / std::max(1, words.frames)};
+}
+
+bool CommandDecoder::isConvincing(const DecodedUtterance &utterance)
+{
+    return utterance.phraseScore >= leastPhraseScore && utterance.utteranceScore >= leastUtteranceScore;
+}
+
+CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<const qint16> samples)
+{
+    ps_decoder_t *decoder = m_decoder.get();
+    ps_set_search(decoder, search);
+    if (ps_start_utt(decoder) != 0) {
+        return {};
+    }
+    constexpr int searchNow = FALSE;
+    constexpr int isWhole = TRUE;
+    ps_process_raw(decoder, samples.data(), samples.size(), searchNow, isWhole);
+    ps_end_utt(decoder);
+
+    Pass pass;
+    int32 score = 0;
+    pass.text = QString::fromUtf8(ps_get_hyp(decoder, &score));
+    pass.score = score;
+    pass.frames = ps_get_n_frames(decoder);
+    for (ps_seg_t *segment = ps_seg_iter(decoder); segment != nullptr; segment = ps_seg_next(segment)) {
+        Segment found{.word = spokenWord(ps_seg_word(segment))};
+        ps_seg_frames(segment, &found.first, &found.last);
+        int32 sound = 0;
+        ps_seg_prob(segment, &sound, nullptr, nullptr);
+        found.score = sound;
+        pass.segments.push_back(std::move(found));
+    }
+    return pass;
+}
+
+/// A segment that is only partly in between counts by that part.
+double CommandDecoder::scoreBetween(const std::vector<Segment> &segments, int first, int last)
+{
+    double score = 0;
+    for (const Segment &segment : segments) {
+        const int common = std::min(last, segment.last) - std::max(first, segment.first) + 1;
+        if (common > 0) {
+            score += segment.score * common / (segment.last - segment.first + 1);
+        }
+    }
+    return score;
+}
+
+} // namespace KelvaLR

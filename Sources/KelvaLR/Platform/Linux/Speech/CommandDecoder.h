@@ -1,0 +1,101 @@
+#pragma once
+
+#include "Platform/Linux/Speech/PresetVocabulary.h"
+
+#include <QString>
+
+#include <QStringList>
+
+#include <expected>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+struct ps_decoder_s;
+
+namespace KelvaLR {
+
+/// Where the files lie that speech is recognised with.
+struct SpeechModelFiles
+{
+    QString acoustic;   ///< folder of the acoustic model of English
+    QString phones;     ///< language model of its phones
+    QString dictionary; ///< pronouncing dictionary of English
+    QString commands;   ///< language model of the commands, with "[preset]" for any preset
+    QString words;      ///< dictionary of their words
+
+    bool operator==(const SpeechModelFiles &) const = default;
+
+    /// Debian's models, and what the build has put beside the program.
+    [[nodiscard]] static SpeechModelFiles installed();
+
+    [[nodiscard]] bool exist() const;
+};
+
+/// How an utterance was understood.
+struct DecodedUtterance
+{
+    QString text; ///< lower case, in words
+    /// How much better than bare sounds the words explain what was heard, in logarithmic score for each frame
+    /// of 10 ms: of the wake phrase, and of the whole utterance. Negative, as sounds are free to be anything.
+    double phraseScore = 0;
+    double utteranceScore = 0;
+
+    bool operator==(const DecodedUtterance &) const = default;
+};
+
+/// Understands whole utterances as commands behind the wake phrase, by PocketSphinx. The same sound is
+/// decoded twice: with the language of the commands and what they could be mistaken for, and, where the
+/// phrase seems to be in it, as bare sounds, which show whether it was that phrase. Any one thread; decoding
+/// takes about a tenth of the time that was spoken.
+class CommandDecoder
+{
+public:
+    [[nodiscard]] static std::expected<std::unique_ptr<CommandDecoder>, QString>
+    make(const SpeechModelFiles &files, const QStringList &presetNames);
+
+    ~CommandDecoder();
+    Q_DISABLE_COPY_MOVE(CommandDecoder)
+
+    /// None when the wake phrase is not in it.
+    /// @param samples signed 16-bit integers, one channel, 16 kHz
+    [[nodiscard]] std::optional<DecodedUtterance> decode(std::span<const qint16> samples);
+
+    /// Whether what was decoded is good enough to be acted on.
+    [[nodiscard]] static bool isConvincing(const DecodedUtterance &utterance);
+
+private:
+    struct Destroy
+    {
+        void operator()(ps_decoder_s *decoder) const;
+    };
+
+    struct Segment
+    {
+        QString word;
+        int first = 0;    ///< frame
+        int last = 0;     ///< frame
+        double score = 0; ///< of its sound
+    };
+
+    using Decoder = std::unique_ptr<ps_decoder_s, Destroy>;
+
+    CommandDecoder(Decoder decoder, PresetVocabulary presets);
+
+    struct Pass
+    {
+        QString text;
+        double score = 0;
+        int frames = 0;
+        std::vector<Segment> segments;
+    };
+
+    [[nodiscard]] Pass pass(const char *search, std::span<const qint16> samples);
+    [[nodiscard]] static double scoreBetween(const std::vector<Segment> &segments, int first, int last);
+
+    Decoder m_decoder;
+    PresetVocabulary m_presets;
+};
+
+} // namespace KelvaLR

@@ -1,0 +1,119 @@
+// speech_models DICTIONARY FOLDER: writes what the recogniser of the wake phrase listens with, from the
+// tables of the command language and a pronouncing dictionary of English: FOLDER/commands.lm and
+// FOLDER/commands.dict. In it are the commands, alone and behind the phrase, and the words that the phrase
+// could be mistaken for. Run by the build.
+
+#include "CommandSentences.h"
+#include "NearWords.h"
+#include "TrigramModel.h"
+
+#include "Platform/Linux/Speech/PronouncingDictionary.h"
+
+#include <QDir>
+#include <QSaveFile>
+
+#include <cstdio>
+
+using namespace KelvaLR;
+using namespace KelvaLR::SpeechModels;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int sentenceCount = 60'000;
+constexpr quint32 seed = 1;
+
+constexpr QStringView greeting = u"hey";
+constexpr QStringView name = u"kelva";
+
+/// What people say before they say the phrase.
+constexpr std::array<QStringView, 4> openings{u"okay", u"so", u"um", u"well"};
+
+/// Words that the dictionary lacks or knows otherwise, the usual way to say them first. The name and the
+/// greeting have more than one, as accents differ.
+void addOwnWords(PronouncingDictionary &dictionary)
+{
+    dictionary.set(name.toString(), {"K EH L V AH", "K EH L V ER", "K AE L V AH"});
+    dictionary.set(greeting.toString(), {"HH EY", "HH AY", "EY"});
+    dictionary.set(u"dehaze"_s, {"D IY HH EY Z"});
+    dictionary.set(u"lightroom"_s, {"L AY T R UW M"});
+    dictionary.set(u"prev"_s, {"P R IY V"});
+    dictionary.set(u"unflag"_s, {"AH N F L AE G"});
+    dictionary.set(u"vibrance"_s, {"V AY B R AH N S"});
+    dictionary.set(presetPlaceholder.toString(), {"SIL"});
+}
+
+QStringList sentences(const QStringList &mistakes)
+{
+    CommandSentences commands(seed);
+    QStringList all;
+    all.reserve(sentenceCount);
+    const QString phrase = u"%1 %2"_s.arg(greeting, name);
+    while (all.size() < sentenceCount) {
+        const double kind = commands.chance();
+        if (kind < 0.06) {
+            all.append(u"%1 %2"_s.arg(greeting, commands.oneOf(mistakes)));
+        } else if (kind < 0.12) {
+            all.append(u"%1 %2 %3"_s.arg(greeting, commands.oneOf(mistakes), commands.next()));
+        } else if (kind < 0.18) {
+            all.append(commands.next());
+        } else if (kind < 0.30) {
+            all.append(phrase);
+        } else if (kind < 0.34) {
+            all.append(u"%1 %2 %3"_s.arg(commands.oneOf(openings), phrase, commands.next()));
+        } else {
+            all.append(u"%1 %2"_s.arg(phrase, commands.next()));
+        }
+    }
+    return all;
+}
+
+bool write(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+/// False when a word of the language cannot be spoken.
+bool isComplete(const QStringList &words, const PronouncingDictionary &dictionary)
+{
+    bool isComplete = true;
+    for (const QString &word : words) {
+        if (dictionary.pronunciations(word).isEmpty()) {
+            std::fprintf(stderr, "speech_models: the dictionary lacks \"%s\"\n", qPrintable(word));
+            isComplete = false;
+        }
+    }
+    return isComplete;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 3) {
+        std::fputs("Usage: speech_models DICTIONARY FOLDER\n", stderr);
+        return 2;
+    }
+    auto dictionary = PronouncingDictionary::read(QString::fromLocal8Bit(argv[1]));
+    if (!dictionary) {
+        std::fprintf(stderr, "speech_models: %s\n", qPrintable(dictionary.error()));
+        return 1;
+    }
+    addOwnWords(*dictionary);
+    const QStringList all =
+        sentences(wordsNear(dictionary->pronunciations(name.toString()).constFirst(), *dictionary));
+
+    QSet<QString> words;
+    for (const QString &sentence : all) {
+        for (const QString &word : sentence.split(u' ')) {
+            words.insert(word);
+        }
+    }
+    const QStringList vocabulary = words.values();
+    const QDir folder(QString::fromLocal8Bit(argv[2]));
+    const bool isWritten = isComplete(vocabulary, *dictionary) && folder.mkpath(u"."_s) &&
+                           write(folder.filePath(u"commands.lm"_s), trigramModel(all)) &&
+                           write(folder.filePath(u"commands.dict"_s), dictionary->lines(vocabulary));
+    return isWritten ? 0 : 1;
+}
