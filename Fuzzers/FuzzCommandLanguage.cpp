@@ -1,9 +1,11 @@
-// Any text at all is routed, and its explanation is one line of JSON that gives the text back.
+// Any text at all is routed, and its explanation is one line of JSON that gives the text back; its spoken
+// numbers are read in one go.
 
 #include "FuzzedText.h"
 
 #include "Platform/FrontmostApplication.h"
 #include "Services/Lightroom/Language/RouteExplanation.h"
+#include "Services/Lightroom/Language/SpokenNumbers.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -68,6 +70,9 @@ void routeAndExplain(const QString &text)
     const QJsonObject explanation = QJsonDocument::fromJson(line).object();
     require(explanation.value("text"_L1).toString() == text);
     require(explanation.value("route"_L1).isString());
+
+    const QString read = withSpokenNumbersRead(text);
+    require(withSpokenNumbersRead(read) == read);
 }
 
 } // namespace
