@@ -1,5 +1,7 @@
 #include "Services/Lightroom/LightroomPluginInstaller.h"
 
+#include "Services/Lightroom/AdobeFolder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
@@ -40,7 +42,7 @@ LightroomPluginInstaller::LightroomPluginInstaller(QString modulesFolder)
 
 QString LightroomPluginInstaller::defaultModulesFolder()
 {
-    return QDir::homePath() + "/Library/Application Support/Adobe/Lightroom/Modules"_L1;
+    return adobeFolder() + "/Lightroom/Modules"_L1;
 }
 
 QString LightroomPluginInstaller::pluginFolder() const
