@@ -2,6 +2,7 @@
 #include "Platform/RunningApplications.h"
 #include "Services/Assistant/RealtimeVoiceService.h"
 #include "Services/Lightroom/Language/LightroomCommandParser.h"
+#include "Services/Lightroom/Language/SpokenNumbers.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Services/Speech/WakePhraseListener.h"
 #include "Stores/RespondingScope.h"
@@ -36,6 +37,17 @@ std::function<void(Arguments...)> onMainThread(const QPointer<AppModel> &model, 
             },
             Qt::QueuedConnection);
     };
+}
+
+/// The command that these words are, as they stand or with their numbers in digits.
+std::optional<QString> spokenCommand(const QString &words, const FrontmostApplication &frontmost)
+{
+    for (const QString &text : {words, withSpokenNumbersRead(words)}) {
+        if (LightroomCommandParser::parse(text, frontmost)) {
+            return text;
+        }
+    }
+    return std::nullopt;
 }
 
 QCoro::Task<RealtimeVoiceService::TargetPaths> targetPaths(QPointer<AppModel> model,
@@ -124,9 +136,10 @@ void AppModel::handleWakePhrase(const std::optional<QString> &commandSuffix)
     setInputMode(InputMode::voice);
     setSelectedSection(SidebarSection::chat);
     setWakeWordListening(false);
-    if (commandSuffix && LightroomCommandParser::parse(*commandSuffix, m_services.applications)) {
-        appendMessage(ConversationMessage::make(ConversationRole::user, InputMode::voice, *commandSuffix));
-        startDetached(executeSpokenCommand(*commandSuffix));
+    const QString words = commandSuffix.value_or(QString());
+    if (const auto command = spokenCommand(words, m_services.applications)) {
+        appendMessage(ConversationMessage::make(ConversationRole::user, InputMode::voice, words));
+        startDetached(executeSpokenCommand(*command));
         return;
     }
     startComputerUseVoiceMode();
@@ -140,8 +153,12 @@ QCoro::Task<> AppModel::executeSpokenCommand(QString text)
         const RespondingScope responding(*this);
         result = co_await m_services.computerUseService.execute(text);
     }
-    if (self) {
-        applyRealtimeComputerUseResult(result, Speak::yes);
+    if (!self) {
+        co_return;
+    }
+    applyRealtimeComputerUseResult(result, Speak::yes);
+    if (m_inputMode != InputMode::voice) {
+        startWakeWordListening(); // quiet by now: no speech whose end would do it
     }
 }
 

@@ -1,17 +1,15 @@
 #include "Services/Assistant/Realtime/RealtimePhrases.h"
 
 #include "Support/NormalizedWords.h"
-#include "Support/PhraseTable.h"
+#include "Support/WakePhrases.h"
 
 #include <QList>
+
+#include <ranges>
 
 namespace KelvaLR {
 
 namespace {
-
-constexpr PhraseList<6> wakePhrases{
-    u"hey kelva", u"hey kelwa", u"hey kelvie", u"hey kelvy", u"hey elva", u"hey elvie",
-};
 
 constexpr PhraseList<12> stopPhrases{
     u"stop",      u"done",       u"all done", u"thats it",    u"that is it",     u"cancel",
@@ -36,7 +34,9 @@ QString normalizedComputerUseText(const QString &transcript)
 
 bool containsWakePhrase(const QString &transcript)
 {
-    return containsAny(normalizedComputerUseText(transcript), wakePhrases);
+    const QString text = normalizedComputerUseText(transcript);
+    return std::ranges::any_of(wakePhrases | std::views::take(wakePhrasesInSession),
+                               [&](QStringView phrase) { return text.contains(phrase); });
 }
 
 bool isVoiceSessionStopCommand(const QString &transcript)
