@@ -7,6 +7,7 @@
 #include "Services/Speech/WakePhraseListener.h"
 #include "Stores/RespondingScope.h"
 #include "Support/DetachedTask.h"
+#include "Support/Posted.h"
 #include "Support/TextTrimming.h"
 
 #include <QCoreApplication>
@@ -28,14 +29,13 @@ template <typename... Arguments, typename Work>
 std::function<void(Arguments...)> onMainThread(const QPointer<AppModel> &model, Work work)
 {
     return [model, work](const Arguments &...arguments) {
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [model, work, arguments...] {
-                if (model) {
-                    work(*model, arguments...);
-                }
-            },
-            Qt::QueuedConnection);
+        auto posted = [model, work, arguments...] {
+            if (model) {
+                work(*model, arguments...);
+            }
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), Posted(std::move(posted)),
+                                  Qt::QueuedConnection);
     };
 }
 

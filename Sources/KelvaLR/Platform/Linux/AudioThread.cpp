@@ -1,5 +1,7 @@
 #include "Platform/Linux/AudioThread.h"
 
+#include "Support/Posted.h"
+
 #include <QDebug>
 
 namespace KelvaLR {
@@ -31,7 +33,7 @@ AudioThread::~AudioThread()
 
 void AudioThread::post(std::function<void()> work)
 {
-    QMetaObject::invokeMethod(m_place.get(), std::move(work), Qt::QueuedConnection);
+    QMetaObject::invokeMethod(m_place.get(), Posted(std::move(work)), Qt::QueuedConnection);
 }
 
 } // namespace KelvaLR

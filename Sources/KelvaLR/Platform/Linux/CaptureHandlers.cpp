@@ -1,5 +1,7 @@
 #include "Platform/Linux/CaptureHandlers.h"
 
+#include "Support/Posted.h"
+
 #include <QCoreApplication>
 
 namespace KelvaLR {
@@ -20,14 +22,12 @@ void CaptureHandlers::deliver(QByteArrayView samples, qsizetype frames, const Au
 
 void CaptureHandlers::fail(const QString &sentence)
 {
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(),
-        [handlers = shared_from_this(), sentence] {
-            if (handlers->m_isOpen.exchange(false)) {
-                handlers->m_onFailure(sentence);
-            }
-        },
-        Qt::QueuedConnection);
+    auto report = [handlers = shared_from_this(), sentence] {
+        if (handlers->m_isOpen.exchange(false)) {
+            handlers->m_onFailure(sentence);
+        }
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), Posted(std::move(report)), Qt::QueuedConnection);
 }
 
 void CaptureHandlers::close(std::chrono::milliseconds limit)

@@ -4,6 +4,7 @@
 #include "Platform/AudioOutput.h"
 #include "Services/Assistant/Realtime/RealtimeVoiceError.h"
 #include "Support/PcmConverter.h"
+#include "Support/Posted.h"
 
 namespace KelvaLR {
 
@@ -56,12 +57,13 @@ std::expected<void, QString> RealtimeAudio::startMicrophone()
         if (pcm.isEmpty()) {
             return;
         }
-        // The input stops before this object ends, and what is posted to it goes with it.
-        QMetaObject::invokeMethod(this, [this, pcm = std::move(pcm)] {
+        auto handOver = [this, pcm = std::move(pcm)] {
             if (m_gate->isOpen()) {
                 m_onChunk(pcm);
             }
-        });
+        };
+        // The input stops before this object ends, and what is posted to it goes with it.
+        QMetaObject::invokeMethod(this, Posted(std::move(handOver)));
     };
     const auto onFailure = [this](const QString &sentence) {
         m_isMicrophoneActive = false;
