@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QTimer>
 
 #include <chrono>
 #include <exception>
@@ -20,11 +21,16 @@ template <typename Condition>
                              std::chrono::milliseconds timeout = std::chrono::seconds(20))
 {
     const QDeadlineTimer deadline(timeout);
+    // For what no event announces. To look without a pause would hide races from the thread sanitizer, which
+    // then forgets where we looked.
+    QTimer looks;
+    looks.start(std::chrono::milliseconds(2));
     while (!condition()) {
         if (deadline.hasExpired()) {
             return false;
         }
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20); // and what follows from it
     }
     return true;
 }
