@@ -72,7 +72,7 @@ public:
     int stops = 0;
 };
 
-/// Records the texts; the test finishes the last one when it likes.
+/// Records the texts; the test finishes the last one when it likes, unless it was stopped.
 class RecordingSpokenFeedback final : public SpokenFeedback
 {
 public:
@@ -81,6 +81,8 @@ public:
         texts.append(text);
         finish = std::move(completion);
     }
+
+    void stop() override { finish = nullptr; }
 
     QStringList texts;
     std::function<void()> finish;

@@ -16,4 +16,6 @@ void SilentSpokenFeedback::speak(const QString &, std::function<void()> completi
     }
 }
 
+void SilentSpokenFeedback::stop() {}
+
 } // namespace KelvaLR

@@ -18,6 +18,7 @@ class SilentSpokenFeedback final : public SpokenFeedback
 {
 public:
     void speak(const QString &text, std::function<void()> completion) override;
+    void stop() override;
 };
 
 } // namespace KelvaLR
