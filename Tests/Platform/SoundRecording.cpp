@@ -169,13 +169,25 @@ QList<QByteArray> SoundRecording::soundsUntil(const QByteArray &last)
     return sounds();
 }
 
-QList<QByteArray> SoundRecording::sounds()
+const QByteArray &SoundRecording::recorded()
 {
     m_recorded += m_recorder.readAllStandardOutput();
+    return m_recorded;
+}
+
+void SoundRecording::forget()
+{
+    m_recorder.readAllStandardOutput();
+    m_recorded.clear();
+}
+
+QList<QByteArray> SoundRecording::sounds()
+{
+    const QByteArray &samples = recorded();
     QList<QByteArray> result;
     bool wasSilent = true;
-    for (qsizetype place = 0; place + 1 < m_recorded.size(); place += 2) {
-        const QByteArray sample = m_recorded.mid(place, 2);
+    for (qsizetype place = 0; place + 1 < samples.size(); place += 2) {
+        const QByteArray sample = samples.mid(place, 2);
         const bool isSilent = sample == QByteArrayView("\0\0", 2);
         if (!isSilent && wasSilent) {
             result.emplace_back();

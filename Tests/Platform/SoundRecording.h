@@ -44,6 +44,11 @@ public:
     /// What has been heard, cut at the silences, once this has been heard to its end; or after a while.
     [[nodiscard]] QList<QByteArray> soundsUntil(const QByteArray &last);
 
+    /// All that came out of the speaker so far, silence too.
+    [[nodiscard]] const QByteArray &recorded();
+
+    void forget();
+
 private:
     [[nodiscard]] QList<QByteArray> sounds();
 
