@@ -82,11 +82,11 @@ struct Workspace
     RecordingRealtimeVoiceService realtime;
     RecordingWakePhraseListener wakePhrase;
     RecordingSpokenFeedback speech;
-    AppModel model{{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, actions,
-                    lightroom.applications}};
-    AppIntentRouter router;
     QTemporaryDir folder;
     SettingsPreferences preferences{folder.filePath(u"KelvaLR.ini"_s)};
+    AppModel model{{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, actions,
+                    lightroom.applications, preferences}};
+    AppIntentRouter router;
     UnavailableAppearance appearance;
     MainWindowHost host{{model, router, preferences, *lightroom.service, appearance}};
     FrameClock clock{window()};

@@ -15,9 +15,9 @@ class AppModelChatTest : public AppModelTest
 protected:
     AppModelChatTest()
     {
-        model =
-            std::make_unique<AppModel>(AppModelServices{*provider, computerUse, realtime, wakePhrase, speech,
-                                                        *lightroom.service, actions, lightroom.applications});
+        model = std::make_unique<AppModel>(AppModelServices{*provider, computerUse, realtime, wakePhrase,
+                                                            speech, *lightroom.service, actions,
+                                                            lightroom.applications, preferences});
     }
 
     /// Submits a text that the server does not answer, and waits until it is there.

@@ -4,6 +4,7 @@
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Stores/AppModel.h"
 #include "Support/LightroomRig.h"
+#include "Support/MemoryPreferences.h"
 #include "Support/PrintQt.h"
 #include "Support/ScriptedAssistantProvider.h"
 #include "Support/VoiceDoubles.h"
@@ -59,9 +60,10 @@ protected:
     RecordingRealtimeVoiceService realtime;
     RecordingWakePhraseListener wakePhrase;
     RecordingSpokenFeedback speech;
-    std::unique_ptr<AppModel> model =
-        std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase, speech,
-                                                    *lightroom.service, actions, lightroom.applications});
+    MemoryPreferences preferences;
+    std::unique_ptr<AppModel> model = std::make_unique<AppModel>(
+        AppModelServices{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, actions,
+                         lightroom.applications, preferences});
 };
 
 } // namespace KelvaLR::Testing

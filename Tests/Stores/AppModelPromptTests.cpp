@@ -61,7 +61,8 @@ TEST_F(AppModelPromptTest, saysHowToConnectWhenNothingListens)
                                  lightroom.automation, LightroomPluginInstaller(lightroom.modules.path()),
                                  lightroom.log, lightroom.plugin.endpoint(), impatientTiming());
     model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase, speech,
-                                                        unreachable, actions, lightroom.applications});
+                                                        unreachable, actions, lightroom.applications,
+                                                        preferences});
     submit(u"check lightroom connection"_s);
     EXPECT_EQ(
         answers(),
@@ -194,9 +195,9 @@ TEST_F(AppModelPromptTest, aModelThatDiesWhileARequestRunsTakesNothingWithIt)
     for (const QString &text : {u"hello"_s, u"set exposure to 1"_s, u"test lightroom connection"_s}) {
         model->setPromptText(text);
         model->submitPrompt();
-        model =
-            std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase, speech,
-                                                        *lightroom.service, actions, lightroom.applications});
+        model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase,
+                                                            speech, *lightroom.service, actions,
+                                                            lightroom.applications, preferences});
     }
     submit(u"set contrast to 2"_s); // by then every earlier task has come back to a model that is gone
     EXPECT_EQ(model->messages().size(), 2);

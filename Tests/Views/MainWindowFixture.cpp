@@ -83,9 +83,9 @@ void MainWindowTest::TearDown()
 void MainWindowTest::reopen()
 {
     host.reset();
-    preferences = std::make_unique<SettingsPreferences>(folder.filePath(u"KelvaLR.ini"_s));
+    savedPreferences = std::make_unique<SettingsPreferences>(folder.filePath(u"KelvaLR.ini"_s));
     host = std::make_unique<MainWindowHost>(
-        MainWindowSources{*model, router, *preferences, *lightroom.service, appearance});
+        MainWindowSources{*model, router, *savedPreferences, *lightroom.service, appearance});
     window().show();
     window().requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()) && QTest::qWaitForWindowActive(&window()));

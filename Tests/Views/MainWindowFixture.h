@@ -67,7 +67,7 @@ protected:
     QTemporaryDir folder;
     AppIntentRouter router;
     FixedAppearance appearance;
-    std::unique_ptr<SettingsPreferences> preferences;
+    std::unique_ptr<SettingsPreferences> savedPreferences;
     std::unique_ptr<MainWindowHost> host;
 };
 

@@ -81,7 +81,7 @@ TEST_F(SettingsTest, openAtTheSwitchThatWasMissing)
     QQuickWindow &settings = openedSettings();
     EXPECT_TRUE(waitUntil([&] { return control(settings, u"Allow Computer Control"_s)->state().focused; }));
     QTest::keyClick(&settings, Qt::Key_Space);
-    EXPECT_TRUE(preferences->isOn(Preference::allowComputerControl));
+    EXPECT_TRUE(savedPreferences->isOn(Preference::allowComputerControl));
 }
 
 TEST_F(SettingsTest, theResultLineIsGreenForAnInstallationOnly)

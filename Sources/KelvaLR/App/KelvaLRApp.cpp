@@ -6,7 +6,7 @@
 
 namespace KelvaLR {
 
-KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
+KelvaLRApp::KelvaLRApp(std::FILE *diagnostics, Speech speech)
     : m_accessibility(m_accessibilityBus, [this](TrustPrompt prompt) { return m_consent.isGiven(prompt); })
     , m_inputEvents(
           m_x11, [this] { return m_windowPing.answered(); }, [this] { return isOtherProgramInFront(); })
@@ -21,8 +21,16 @@ KelvaLRApp::KelvaLRApp(std::FILE *diagnostics)
                              RealtimeToolRunner(m_lightroomService, m_computerUseService), DebugLog())
     , m_assistantActions(m_lightroomService, m_computerUseService)
     , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, m_wakePhraseListener,
-               m_spokenFeedback, m_lightroomService, m_assistantActions, m_applications})
+               spokenFeedback(speech), m_lightroomService, m_assistantActions, m_applications, m_preferences})
 {
+}
+
+SpokenFeedback &KelvaLRApp::spokenFeedback(Speech speech)
+{
+    if (speech == Speech::off) {
+        return m_silence;
+    }
+    return m_speech.emplace(m_audioThread).feedback;
 }
 
 /// What is meant for Lightroom must not be typed into our own window, which is in front when no Lightroom

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/ComputerControlConsent.h"
+#include "App/LocalSpeech.h"
 #include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/AccessibleLightroomMenus.h"
 #include "Platform/Linux/AtSpiAccessibility.h"
@@ -22,6 +23,7 @@
 #include "Stores/AppModel.h"
 
 #include <cstdio>
+#include <optional>
 
 namespace KelvaLR {
 
@@ -30,8 +32,11 @@ namespace KelvaLR {
 class KelvaLRApp
 {
 public:
+    /// Whether the program speaks with a voice of its own: at a window, but not in a terminal.
+    enum class Speech { off, on };
+
     /// @param diagnostics where a failed installation is reported
-    explicit KelvaLRApp(std::FILE *diagnostics);
+    KelvaLRApp(std::FILE *diagnostics, Speech speech);
 
     [[nodiscard]] AppModel &model() { return m_model; }
 
@@ -45,6 +50,7 @@ public:
 
 private:
     [[nodiscard]] bool isOtherProgramInFront() const;
+    [[nodiscard]] SpokenFeedback &spokenFeedback(Speech speech);
 
     SettingsPreferences m_preferences;
     X11Connection m_x11;
@@ -68,7 +74,8 @@ private:
     OpenAIRealtimeVoiceService m_realtimeVoiceService;
     AssistantActionRunner m_assistantActions;
     DeafWakePhraseListener m_wakePhraseListener;
-    SilentSpokenFeedback m_spokenFeedback;
+    SilentSpokenFeedback m_silence;
+    std::optional<LocalSpeech> m_speech;
 
     AppModel m_model;
     AppIntentRouter m_intentRouter;

@@ -46,7 +46,7 @@ int runWindow(int &argumentCount, char **arguments)
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
                      &TerminationSignals::exitApplication);
-    KelvaLRApp app(stderr);
+    KelvaLRApp app(stderr, KelvaLRApp::Speech::on);
     DesktopAppearance appearance(existingSessionBus());
     MainWindowHost host(
         {app.model(), app.intentRouter(), app.preferences(), app.lightroomService(), appearance});
@@ -55,6 +55,12 @@ int runWindow(int &argumentCount, char **arguments)
     }
     QObject::connect(&app.consent(), &ComputerControlConsent::asked, &host.settings(),
                      &SettingsViewModel::askForComputerControl);
+    if (!app.preferences().isOn(Preference::startInQuietMode)) {
+        // A session takes a moment to begin, which the window does not wait for.
+        QObject::connect(
+            host.window(), &QQuickWindow::frameSwapped, &app.model(),
+            [&app] { app.model().setMode(InputMode::voice); }, Qt::SingleShotConnection);
+    }
     host.window()->show();
     host.window()->requestActivate();
     return QGuiApplication::exec();

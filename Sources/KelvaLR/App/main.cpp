@@ -76,7 +76,7 @@ int runConversation(const CommandLine &line)
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
                      &TerminationSignals::exitApplication);
-    KelvaLRApp app(stderr);
+    KelvaLRApp app(stderr, KelvaLRApp::Speech::off);
     const bool isTerminal = line.mode == LaunchMode::terminal;
     const bool isTyped = isTerminal && line.format == OutputFormat::text && isatty(STDIN_FILENO) != 0 &&
                          isatty(STDOUT_FILENO) != 0;

@@ -42,6 +42,10 @@ QList<ImportedPhotoAsset> AppModel::selectedImportedPhotos() const
 void AppModel::startNewSession()
 {
     startDetached(m_services.realtimeVoiceService.stop());
+    if (m_isSpeaking) {
+        stopSpeaking();
+        startWakeWordListening();
+    }
     m_messages.clear();
     Q_EMIT messagesChanged();
     m_artifacts.clear();

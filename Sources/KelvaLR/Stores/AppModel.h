@@ -26,6 +26,7 @@ class AssistantActionRunner;
 class AssistantProvider;
 class LightroomService;
 class MacComputerUseService;
+class Preferences;
 class RealtimeVoiceService;
 class RunningApplications;
 class SpokenFeedback;
@@ -44,6 +45,7 @@ struct AppModelServices
     LightroomService &lightroomService;
     AssistantActionRunner &assistantActions;
     RunningApplications &applications;
+    const Preferences &preferences;
 };
 
 /// The one application model: conversation, artifacts, imported photos and modes, and the road of every
@@ -62,7 +64,7 @@ class AppModel : public QObject
         QList<KelvaLR::ImportedPhotoAsset> importedPhotos READ importedPhotos NOTIFY importedPhotosChanged)
 
 public:
-    /// Whether a result is read aloud when the mode is `voice`.
+    /// Whether a result is read aloud when the mode is `voice` or the user wants to hear every response.
     enum class Speak { no, yes };
     /// Whether a click on a photo adds to the selection or replaces it.
     enum class Selection { replace, extend };
@@ -175,7 +177,14 @@ private:
     QCoro::Task<> askAssistant(QString text);
     QCoro::Task<> runAssistantAction(AssistantAction action);
     void showArtifactAndSpeak(const ComputerUseResult &result, Speak speak);
+
+    // AppModelSpeech.cpp
+    void answer(const QString &content);
+    void readResponse(const QString &text);
+    [[nodiscard]] bool readsResponses() const;
+    void readAloud(const QString &text);
     void finishSpeaking();
+    void stopSpeaking();
 
     // AppModelImportedPhotos.cpp
     QCoro::Task<> runImportedPhotoBatchIntent(ImportedPhotoBatchIntent intent);
@@ -203,6 +212,7 @@ private:
     AssistantProviderKind m_assistantProviderKind;
     RealtimeVoiceState m_realtimeVoiceState = RealtimeVoiceState::idle;
     bool m_isWakeWordListening = false;
+    bool m_isSpeaking = false; ///< with our own voice
     QList<ConversationMessage> m_messages;
     QList<Artifact> m_artifacts;
     std::optional<QUuid> m_selectedArtifactID;

@@ -51,8 +51,7 @@ QCoro::Task<> AppModel::importPhotos(QUrl folder)
         co_return;
     }
     if (photos.isEmpty()) {
-        appendAssistantMessage(
-            u"No supported photo files were found in %1."_s.arg(QFileInfo(path).fileName()));
+        answer(u"No supported photo files were found in %1."_s.arg(QFileInfo(path).fileName()));
         co_return;
     }
     const QString result = co_await m_services.lightroomService.importFolder(path);
@@ -65,7 +64,7 @@ QCoro::Task<> AppModel::importPhotos(QUrl folder)
     appendAndSelectArtifact(readyCard(
         u"Imported Photos"_s,
         u"%1\n\nFolder: %2\n\nPhotos found: %3"_s.arg(result, path, QString::number(photos.size()))));
-    appendAssistantMessage(result);
+    answer(result);
 }
 
 void AppModel::addImportedPhotos(const QStringList &paths)
@@ -124,14 +123,14 @@ QCoro::Task<> AppModel::runImportedPhotoBatchIntent(ImportedPhotoBatchIntent int
     const QPointer<AppModel> self(this);
     const QStringList paths = standardizedPaths(targetImportedPhotos(prompt(intent)));
     if (paths.isEmpty()) {
-        appendAssistantMessage(u"Select one or more imported photos in the artifact area first."_s);
+        answer(u"Select one or more imported photos in the artifact area first."_s);
         co_return;
     }
     const QString result = co_await performBatch(intent, paths);
     if (!self) {
         co_return;
     }
-    appendAssistantMessage(result);
+    answer(result);
     appendAndSelectArtifact(
         readyCard(u"Imported Photo Action"_s,
                   u"%1\n\nPhotos targeted: %2"_s.arg(result, QString::number(paths.size()))));

@@ -6,7 +6,6 @@
 #include "Services/Lightroom/LightroomSentences.h"
 #include "Services/Lightroom/LightroomService.h"
 #include "Services/Lightroom/MacComputerUseService.h"
-#include "Services/Speech/SpokenFeedback.h"
 #include "Stores/RespondingScope.h"
 #include "Support/DetachedTask.h"
 #include "Support/TextTrimming.h"
@@ -67,7 +66,7 @@ QCoro::Task<> AppModel::testConnection()
     if (!self) {
         co_return;
     }
-    appendAssistantMessage(isConnected ? connectedToPlugin() : NotConnected::howToConnect());
+    answer(isConnected ? connectedToPlugin() : NotConnected::howToConnect());
 }
 
 QCoro::Task<> AppModel::executeCommand(QString text)
@@ -78,7 +77,7 @@ QCoro::Task<> AppModel::executeCommand(QString text)
     if (!self) {
         co_return;
     }
-    showArtifactAndSpeak(result, m_inputMode == InputMode::voice ? Speak::yes : Speak::no);
+    showArtifactAndSpeak(result, Speak::yes);
     appendAssistantMessage(result.summary);
 }
 
@@ -99,6 +98,7 @@ QCoro::Task<> AppModel::askAssistant(QString text)
         if (!response.artifacts.isEmpty()) {
             setSelectedArtifactID(response.artifacts.last().id);
         }
+        readResponse(response.message.content);
     }
     if (self && response.action) {
         startDetached(runAssistantAction(*response.action));
@@ -136,25 +136,11 @@ void AppModel::showArtifactAndSpeak(const ComputerUseResult &result, Speak speak
     if (result.artifact) {
         appendAndSelectArtifact(*result.artifact);
     }
-    if (speak == Speak::yes && m_inputMode == InputMode::voice) {
-        m_services.speechFeedbackService.speak(result.summary, [self = QPointer<AppModel>(this)] {
-            if (self) {
-                self->finishSpeaking();
-            }
-        });
+    if (speak == Speak::yes && (m_inputMode == InputMode::voice || readsResponses())) {
+        readAloud(result.summary);
     } else if (isRealtimeSessionBusy()) {
         m_services.realtimeVoiceService.finishLocalFeedbackAndScheduleIdleDisconnect();
     }
-}
-
-void AppModel::finishSpeaking()
-{
-    if (isRealtimeSessionBusy()) {
-        m_services.realtimeVoiceService.finishLocalFeedbackAndScheduleIdleDisconnect();
-        return;
-    }
-    m_realtimeTranscriptMessageID.reset();
-    startWakeWordListening();
 }
 
 } // namespace KelvaLR

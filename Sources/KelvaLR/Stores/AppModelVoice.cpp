@@ -125,7 +125,7 @@ void AppModel::handleRealtimeError(const QString &message)
 
 void AppModel::startWakeWordListening()
 {
-    if (!isRealtimeSessionBusy() && !m_services.realtimeVoiceService.holdsMicrophone()) {
+    if (!m_isSpeaking && !isRealtimeSessionBusy() && !m_services.realtimeVoiceService.holdsMicrophone()) {
         m_services.wakeWordVoiceService.start();
     }
 }
@@ -166,6 +166,7 @@ void AppModel::startComputerUseVoiceMode()
 {
     setInputMode(InputMode::voice);
     setSelectedSection(SidebarSection::chat);
+    stopSpeaking();
     m_services.wakeWordVoiceService.stop();
     setWakeWordListening(false);
     RealtimeVoiceService &service = m_services.realtimeVoiceService;
