@@ -29,9 +29,9 @@ protected:
 
     void makeModel(RealtimeVoiceService &session)
     {
-        model =
-            std::make_unique<AppModel>(AppModelServices{assistant, computerUse, session, listener, speech,
-                                                        *lightroom.service, actions, lightroom.applications});
+        model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, session, listener, speech,
+                                                            *lightroom.service, actions,
+                                                            lightroom.applications, preferences});
     }
 
     /// A service reports from a thread of its own.

@@ -20,17 +20,26 @@ KelvaLRApp::KelvaLRApp(std::FILE *diagnostics, Speech speech)
     , m_realtimeVoiceService(m_openAIAccess, m_audioInput, m_audioOutput,
                              RealtimeToolRunner(m_lightroomService, m_computerUseService), DebugLog())
     , m_assistantActions(m_lightroomService, m_computerUseService)
-    , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, m_wakePhraseListener,
-               spokenFeedback(speech), m_lightroomService, m_assistantActions, m_applications, m_preferences})
+    , m_speech(speech == Speech::on ? std::make_unique<LocalSpeech>(m_audioThread) : nullptr)
+    , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, wakePhraseListener(),
+               spokenFeedback(), m_lightroomService, m_assistantActions, m_applications, m_preferences})
 {
 }
 
-SpokenFeedback &KelvaLRApp::spokenFeedback(Speech speech)
+WakePhraseListener &KelvaLRApp::wakePhraseListener()
 {
-    if (speech == Speech::off) {
-        return m_silence;
+    if (m_speech) {
+        return m_speech->listener;
     }
-    return m_speech.emplace(m_audioThread).feedback;
+    return m_deafness;
+}
+
+SpokenFeedback &KelvaLRApp::spokenFeedback()
+{
+    if (m_speech) {
+        return m_speech->feedback;
+    }
+    return m_silence;
 }
 
 /// What is meant for Lightroom must not be typed into our own window, which is in front when no Lightroom

@@ -23,7 +23,7 @@
 #include "Stores/AppModel.h"
 
 #include <cstdio>
-#include <optional>
+#include <memory>
 
 namespace KelvaLR {
 
@@ -32,7 +32,7 @@ namespace KelvaLR {
 class KelvaLRApp
 {
 public:
-    /// Whether the program speaks with a voice of its own: at a window, but not in a terminal.
+    /// Whether the program listens for the wake phrase and reads aloud: at a window, but not in a terminal.
     enum class Speech { off, on };
 
     /// @param diagnostics where a failed installation is reported
@@ -50,7 +50,8 @@ public:
 
 private:
     [[nodiscard]] bool isOtherProgramInFront() const;
-    [[nodiscard]] SpokenFeedback &spokenFeedback(Speech speech);
+    [[nodiscard]] WakePhraseListener &wakePhraseListener();
+    [[nodiscard]] SpokenFeedback &spokenFeedback();
 
     SettingsPreferences m_preferences;
     X11Connection m_x11;
@@ -73,9 +74,9 @@ private:
     OpenAIAssistantProvider m_assistantProvider;
     OpenAIRealtimeVoiceService m_realtimeVoiceService;
     AssistantActionRunner m_assistantActions;
-    DeafWakePhraseListener m_wakePhraseListener;
+    DeafWakePhraseListener m_deafness;
     SilentSpokenFeedback m_silence;
-    std::optional<LocalSpeech> m_speech;
+    std::unique_ptr<LocalSpeech> m_speech; ///< none in a terminal
 
     AppModel m_model;
     AppIntentRouter m_intentRouter;

@@ -1,6 +1,6 @@
 #include "Platform/Linux/Speech/PresetVocabulary.h"
 
-#include "Platform/Linux/Speech/SpelledPronunciation.h"
+#include "Platform/Linux/FliteVoice.h"
 #include "Platform/Linux/Speech/SpokenName.h"
 
 #include <cmath>
@@ -12,7 +12,7 @@ namespace {
 QByteArray pronounced(const QString &word, const PronouncingDictionary &dictionary)
 {
     const QByteArrayList ways = dictionary.pronunciations(word);
-    return ways.isEmpty() ? spelledPronunciation(word) : ways.constFirst();
+    return ways.isEmpty() ? FliteVoice::pronounce(word.toUtf8()) : ways.constFirst();
 }
 
 /// A line of the model is a probability, the words, and a weight for shorter histories unless it is of the

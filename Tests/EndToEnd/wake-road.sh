@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# A photographer who speaks: "Hey Kelva" and a command into the microphone, the change in the sidecar, the answer out of
+# the speaker, and listening again. Runs on Scripts/desktop-session and Scripts/audio-session, whose microphone hears
+# what is played.
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=Tests/EndToEnd/support.sh
+source "$here/support.sh"
+export QT_QUICK_BACKEND=software
+export KELVALR_PRESET_FOLDERS=$here/../../Sources/LightroomStandIn/Presets
+window_pid=
+recorder_pid=
+
+end_programs() {
+    for pid in $window_pid $recorder_pid; do
+        kill "$pid" 2>/dev/null || true
+    done
+}
+trap 'end_programs; cleanup' EXIT
+
+# shows TEXT: waits until the window does
+shows() { "$here/window-element.py" "$1" >/dev/null || { echo "not shown: $1"; cat "$work/kelvalr.err"; exit 1; }; }
+
+recorded() { stat --format=%s "$work/speaker"; }
+
+# seconds_of_sound BYTE: how long the speaker has been louder than a whisper since then
+seconds_of_sound() {
+    python3 - "$work/speaker" "$1" <<'END'
+import array, sys
+samples = array.array("h")
+with open(sys.argv[1], "rb") as recording:
+    recording.seek(int(sys.argv[2]) // 2 * 2)
+    data = recording.read()
+samples.frombytes(data[: len(data) // 2 * 2])
+loud = [place for place, sample in enumerate(samples) if abs(sample) > 600]
+print((loud[-1] - loud[0]) // 24000 if loud else 0)
+END
+}
+
+# say WORDS ANSWER: behind the phrase, once the program listens; until the answer is shown and has been heard
+say() {
+    local spoken
+    shows 'Say "Hey Kelva" or type a prompt.'
+    sleep 0.5 # the microphone has been heard to be quiet
+    flite -voice rms -t "Hey Kelva, $1" -o "$work/request.wav"
+    paplay "$work/request.wav"
+    spoken=$(recorded)
+    shows "$2"
+    for _ in $(seq 200); do
+        [ "$(seconds_of_sound "$spoken")" -ge 1 ] && return 0
+        sleep 0.1
+    done
+    expect "seconds of speech after \"$1\"" "1 or more" "$(seconds_of_sound "$spoken")"
+}
+
+"$kelvalr" --install-plugin >/dev/null
+"$standin" --sample-photos "$work/photos" >/dev/null
+start_standin --photos "$work/photos"
+mapfile -t photos < <(find "$work/photos" -name '*.jpg' | sort)
+first=${photos[0]%.jpg}.xmp
+second=${photos[1]%.jpg}.xmp
+parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
+recorder_pid=$!
+"$kelvalr" 2>"$work/kelvalr.err" &
+window_pid=$!
+
+say "set exposure to plus one." "Lightroom Classic: Adjusted Exposure on 1 photo to 1"
+expect "exposure" "+1.00" "$(xmp "$first" Xmp.crs.Exposure2012)"
+say "flag as pick in lightroom." "Lightroom Classic: Set pickStatus to 1 on 1 photo"
+say "rate this four stars in lightroom." "Lightroom Classic: Set rating to 4 on 1 photo"
+expect "rating" "4" "$(xmp "$first" Xmp.xmp.Rating)"
+say "next photo in lightroom." "Lightroom Classic: Moved to photo 2"
+say "apply preset soft matte in lightroom." "Lightroom Classic: Applied preset Soft Matte to 1 photo"
+[ -n "$(xmp "$second" Xmp.crs.Contrast2012)" ] || expect "the preset's contrast on the second photo" "some" "none"
+shows 'Say "Hey Kelva" or type a prompt.'
+
+kill "$window_pid"
+wait "$window_pid" || true
+window_pid=
+expect "warnings" "" "$(cat "$work/kelvalr.err")"
+finish
