@@ -33,7 +33,7 @@ constexpr std::array<QStringView, 4> openings{u"okay", u"so", u"um", u"well"};
 /// greeting have more than one, as accents differ.
 void addOwnWords(PronouncingDictionary &dictionary)
 {
-    dictionary.set(name.toString(), {"K EH L V AH", "K EH L V ER", "K AE L V AH"});
+    dictionary.set(name.toString(), {"K EH L V AH", "K EH L V ER", "K AE L V AH", "K EH L W AH"});
     dictionary.set(greeting.toString(), {"HH EY", "HH AY", "EY"});
     dictionary.set(u"dehaze"_s, {"D IY HH EY Z"});
     dictionary.set(u"lightroom"_s, {"L AY T R UW M"});

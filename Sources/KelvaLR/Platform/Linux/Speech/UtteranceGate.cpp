@@ -2,27 +2,31 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace KelvaLR {
 
 namespace {
 
-// Levels are in decibels of full scale.
-constexpr double quietest = -60; ///< a background below this counts as this
+// Levels are in decibels of full scale, of the changes from sample to sample: what rooms and computers hum
+// with changes slowly, speech does not.
+constexpr double quietest = -75; ///< a background below this counts as this
 constexpr double aboveBackground =
     7;                            ///< how much louder speech is; less, and the fan of a computer is speech
 constexpr double smoothing = 0.3; ///< the weight of the newest frame
 constexpr int framesToOpen = 8;   ///< a click is shorter
 
-// Nobody speaks for this long without a breath or a gap between words.
+// Of any three seconds, speech leaves a fifth to breath and the gaps between words.
 constexpr std::size_t partsRemembered = 30;
 constexpr int framesOfPart = 10;
+constexpr std::size_t quietPart = 5;
 
 double decibels(std::span<const qint16> frame)
 {
-    const double energy = std::transform_reduce(frame.begin(), frame.end(), 0.0, std::plus<>(),
-                                                [](qint16 sample) { return double{1} * sample * sample; });
+    double energy = 0;
+    for (std::size_t at = 1; at < frame.size(); ++at) {
+        const double change = double{1} * frame[at] - frame[at - 1];
+        energy += change * change;
+    }
     constexpr double fullScale = 32'768.0 * 32'768.0;
     return 10 * std::log10(energy / static_cast<double>(frame.size()) / fullScale + 1e-10);
 }
@@ -77,27 +81,27 @@ UtteranceGate::Step UtteranceGate::stepOfQuiet()
 bool UtteranceGate::isLoud(std::span<const qint16> frame)
 {
     const double level = std::max(decibels(frame), quietest);
-    m_level = m_lowest.empty() ? level : m_level + smoothing * (level - m_level);
+    m_level = m_levels.empty() ? level : m_level + smoothing * (level - m_level);
     follow(m_level);
-    return m_level > background() + aboveBackground;
+    return m_level > m_background + aboveBackground;
 }
 
 void UtteranceGate::follow(double level)
 {
-    if (m_lowest.empty() || m_framesOfLowest == framesOfPart) {
-        if (m_lowest.size() == partsRemembered) {
-            m_lowest.erase(m_lowest.begin());
+    if (m_levels.empty() || m_framesOfPart == framesOfPart) {
+        if (m_levels.size() == partsRemembered) {
+            m_levels.erase(m_levels.begin());
         }
-        m_lowest.push_back(level);
-        m_framesOfLowest = 0;
+        m_levels.push_back(0);
+        m_framesOfPart = 0;
     }
-    m_lowest.back() = std::min(m_lowest.back(), level);
-    ++m_framesOfLowest;
-}
+    ++m_framesOfPart;
+    m_levels.back() += (level - m_levels.back()) / m_framesOfPart;
 
-double UtteranceGate::background() const
-{
-    return *std::ranges::min_element(m_lowest);
+    std::vector<double> sorted = m_levels;
+    const auto quiet = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / quietPart);
+    std::ranges::nth_element(sorted, quiet);
+    m_background = *quiet;
 }
 
 void UtteranceGate::keepLead()

@@ -45,16 +45,15 @@ public:
 private:
     [[nodiscard]] bool isLoud(std::span<const qint16> frame);
     void follow(double level);
-    [[nodiscard]] double background() const;
     void keepLead();
     Step stepOfQuiet();
 
     UtteranceTiming m_timing;
     std::vector<qint16> m_samples;
-    /// The lowest levels of the last seconds, a part of a second each, the latest last.
-    std::vector<double> m_lowest;
-    int m_framesOfLowest = 0; ///< in the latest of them
-    double m_level = 0;       ///< smoothed over some frames
+    std::vector<double> m_levels; ///< of the last seconds, the mean of each tenth, the latest last
+    int m_framesOfPart = 0;       ///< in the latest of them
+    double m_background = 0;
+    double m_level = 0; ///< smoothed over some frames
     bool m_isOpen = false;
     bool m_hasEnded = false;
     int m_loudFrames = 0;  ///< one after the other, while it is closed
