@@ -59,8 +59,8 @@ public:
     Q_DISABLE_COPY_MOVE(CommandDecoder)
 
     /// None when the wake phrase is not in it.
-    /// @param samples signed 16-bit integers, one channel, 16 kHz
-    [[nodiscard]] std::optional<DecodedUtterance> decode(std::span<const qint16> samples);
+    /// @param utterance signed 16-bit integers, one channel, 16 kHz
+    [[nodiscard]] std::optional<DecodedUtterance> decode(std::span<const qint16> utterance);
 
     /// Whether what was decoded is good enough to be acted on.
     [[nodiscard]] static bool isConvincing(const DecodedUtterance &utterance);
