@@ -29,6 +29,16 @@ bool hasDisplay()
     return false;
 }
 
+/// What the sound system says of itself is no news for the terminal: the window says that there is no
+/// microphone.
+void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (!message.startsWith(u"PulseAudioService:")) {
+        const QByteArray line = qFormatLogMessage(type, context, message).toLocal8Bit() + '\n';
+        std::fputs(line.constData(), stderr);
+    }
+}
+
 } // namespace
 
 int runWindow(int &argumentCount, char **arguments)
@@ -42,6 +52,7 @@ int runWindow(int &argumentCount, char **arguments)
     }
     // A broken photo shows a placeholder; what its decoder thinks of it is no news for the terminal.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*.warning=false"_s);
+    qInstallMessageHandler(passOnMessage);
     const QGuiApplication application(argumentCount, arguments);
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
