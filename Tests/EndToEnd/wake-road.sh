@@ -9,9 +9,10 @@ export QT_QUICK_BACKEND=software
 export KELVALR_PRESET_FOLDERS=$here/../../Sources/LightroomStandIn/Presets
 window_pid=
 recorder_pid=
+room_pid=
 
 end_programs() {
-    for pid in $window_pid $recorder_pid; do
+    for pid in $window_pid $recorder_pid $room_pid; do
         kill "$pid" 2>/dev/null || true
     done
 }
@@ -60,6 +61,11 @@ first=${photos[0]%.jpg}.xmp
 second=${photos[1]%.jpg}.xmp
 parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
 recorder_pid=$!
+# A microphone that delivers nothing at all counts as muted.
+python3 -c 'import array, random, sys
+array.array("h", (random.randint(-40, 40) for _ in range(2 ** 19))).tofile(sys.stdout.buffer)' >"$work/hiss"
+while cat "$work/hiss"; do :; done 2>/dev/null | pacat --format=s16le --rate=16000 --channels=1 &
+room_pid=$!
 "$kelvalr" 2>"$work/kelvalr.err" &
 window_pid=$!
 
