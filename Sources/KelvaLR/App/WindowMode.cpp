@@ -29,11 +29,16 @@ bool hasDisplay()
     return false;
 }
 
-/// What the sound system says of itself is no news for the terminal: the window says that there is no
-/// microphone.
+/// What the toolkit's sound says of itself is no news for the terminal: the window says what is wrong with
+/// it.
+bool isOfSound(const QString &message)
+{
+    return message.startsWith(u"PulseAudioService:") || message.startsWith(u"\"Stream error:");
+}
+
 void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (!message.startsWith(u"PulseAudioService:")) {
+    if (!isOfSound(message)) {
         const QByteArray line = qFormatLogMessage(type, context, message).toLocal8Bit() + '\n';
         std::fputs(line.constData(), stderr);
     }
