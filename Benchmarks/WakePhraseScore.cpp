@@ -3,7 +3,10 @@
 // voices (PART), or, with PART "stream", prose without the phrase. With "explain" behind PART, every mistake
 // as well.
 
+#include "Platform/FrontmostApplication.h"
 #include "Platform/Linux/Speech/RecognitionWorker.h"
+#include "Services/Lightroom/Language/LightroomCommandParser.h"
+#include "Services/Lightroom/Language/SpokenNumbers.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -33,6 +36,22 @@ struct Utterance
     QString path;
     QString words;
 };
+
+/// Lightroom is not in front.
+class NoFrontmostApplication final : public FrontmostApplication
+{
+public:
+    std::optional<RunningApplication> frontmostApplication() const override { return std::nullopt; }
+};
+
+/// Whether both are carried out alike: "set the exposure to one" and "set exposure to one" are.
+bool areTheSameCommand(const QString &words, const QString &others)
+{
+    const NoFrontmostApplication nothing;
+    const auto command = LightroomCommandParser::parse(withSpokenNumbersRead(words), nothing);
+    return words == others ||
+           (command && command == LightroomCommandParser::parse(withSpokenNumbersRead(others), nothing));
+}
 
 struct Score
 {
@@ -129,7 +148,7 @@ void count(Score &score, const Utterance &utterance, const QStringList &heard, b
     const QString words =
         isWoken ? call->mid(call->indexOf(phrase) + phrase.size()).trimmed().toLower() : QString();
     const bool isCall = utterance.kind == u"command" || utterance.kind == u"phrase alone";
-    const bool isExact = isWoken && words == utterance.words;
+    const bool isExact = isWoken && areTheSameCommand(words, utterance.words);
     ++score.spoken;
     score.woken += isWoken ? 1 : 0;
     score.exact += isExact ? 1 : 0;

@@ -35,7 +35,7 @@ void addOwnWords(PronouncingDictionary &dictionary)
 {
     dictionary.set(name.toString(), {"K EH L V AH", "K EH L V ER", "K AE L V AH", "K EH L W AH"});
     dictionary.set(greeting.toString(), {"HH EY", "HH AY", "EY"});
-    dictionary.set(u"dehaze"_s, {"D IY HH EY Z"});
+    dictionary.set(u"dehaze"_s, {"D IY HH EY Z", "D EH HH EY Z"});
     dictionary.set(u"lightroom"_s, {"L AY T R UW M"});
     dictionary.set(u"prev"_s, {"P R IY V"});
     dictionary.set(u"unflag"_s, {"AH N F L AE G"});
