@@ -25,7 +25,7 @@ constexpr QStringView name = u"kelva";
 
 // Found on the tuning voices of Scripts/measure-wake-phrase: below, ordinary speech is taken for the phrase.
 constexpr double leastPhraseScore = -48;
-constexpr double leastUtteranceScore = -20;
+constexpr double leastUtteranceScore = -14;
 
 constexpr double hiss = 40; ///< its standard deviation, 58 dB below full scale
 
