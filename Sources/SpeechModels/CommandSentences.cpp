@@ -1,26 +1,19 @@
 #include "CommandSentences.h"
 
 #include "Services/Lightroom/Language/CommandTables.h"
+#include "Support/NumberWords.h"
 
 #include <span>
 
 namespace KelvaLR::SpeechModels {
 
 using namespace CommandTables;
+using namespace NumberWords;
 
 namespace {
 
-constexpr PhraseList<10> digits{
-    u"zero", u"one", u"two", u"three", u"four", u"five", u"six", u"seven", u"eight", u"nine",
-};
-constexpr PhraseList<10> teens{
-    u"ten",     u"eleven",  u"twelve",    u"thirteen", u"fourteen",
-    u"fifteen", u"sixteen", u"seventeen", u"eighteen", u"nineteen",
-};
-constexpr PhraseList<8> tens{
-    u"twenty", u"thirty", u"forty", u"fifty", u"sixty", u"seventy", u"eighty", u"ninety",
-};
-constexpr PhraseList<4> signs{u"", u"plus", u"minus", u"negative"};
+constexpr auto digits = std::span(unitTable).first<10>();
+constexpr auto teens = std::span(unitTable).last<10>();
 
 /// Where most people say it: at the end, if at all.
 constexpr PhraseList<5> places{u"", u"", u"in lightroom", u"in lightroom", u"in lightroom classic"};
@@ -104,7 +97,7 @@ QString CommandSentences::sliderCommand()
 
 QString CommandSentences::sliderValue(const QString &slider)
 {
-    return joined({chance() < 0.5 ? QString() : oneOf(signs), unsignedValue(slider)});
+    return joined({chance() < 0.5 ? QString() : oneOf(signTable), unsignedValue(slider)});
 }
 
 QString CommandSentences::unsignedValue(const QString &slider)
@@ -116,11 +109,11 @@ QString CommandSentences::unsignedValue(const QString &slider)
         const double form = chance();
         const QString second = chance() < 0.25 ? oneOf(digits) : QString();
         if (form < 0.7) {
-            return joined({oneOf(digits), u"point"_s, oneOf(digits), second});
+            return joined({oneOf(digits), point.toString(), oneOf(digits), second});
         }
-        return form < 0.8 ? joined({u"point"_s, oneOf(digits), second}) : oneOf(digits);
+        return form < 0.8 ? joined({point.toString(), oneOf(digits), second}) : oneOf(digits);
     }
-    return chance() < 0.05 ? u"one hundred"_s : belowHundred();
+    return chance() < 0.05 ? joined({u"one"_s, hundred.toString()}) : belowHundred();
 }
 
 QString CommandSentences::belowHundred()
@@ -132,14 +125,13 @@ QString CommandSentences::belowHundred()
     if (form < 0.5) {
         return oneOf(teens);
     }
-    return joined(
-        {oneOf(tens), form < 0.75 ? QString() : digits[static_cast<std::size_t>(1 + place(9))].toString()});
+    return joined({oneOf(tensTable), form < 0.75 ? QString() : oneOf(digits.subspan(1))});
 }
 
 QString CommandSentences::thousands()
 {
-    const QString hundreds = chance() < 0.5 ? QString() : joined({oneOf(digits), u"hundred"_s});
-    return joined({chance() < 0.1 ? u"ten"_s : oneOf(digits), u"thousand"_s, hundreds});
+    const QString hundreds = chance() < 0.5 ? QString() : joined({oneOf(digits), hundred.toString()});
+    return joined({chance() < 0.1 ? u"ten"_s : oneOf(digits), thousand.toString(), hundreds});
 }
 
 QString CommandSentences::presetCommand()

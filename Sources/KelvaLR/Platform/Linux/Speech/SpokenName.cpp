@@ -1,37 +1,29 @@
 #include "Platform/Linux/Speech/SpokenName.h"
 
-#include <array>
+#include "Support/NumberWords.h"
 
 namespace KelvaLR {
 
+using namespace NumberWords;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr std::array<QStringView, 20> small{
-    u"zero",     u"one",     u"two",     u"three",     u"four",     u"five",     u"six",
-    u"seven",    u"eight",   u"nine",    u"ten",       u"eleven",   u"twelve",   u"thirteen",
-    u"fourteen", u"fifteen", u"sixteen", u"seventeen", u"eighteen", u"nineteen",
-};
-constexpr std::array<QStringView, 10> tens{
-    u"", u"", u"twenty", u"thirty", u"forty", u"fifty", u"sixty", u"seventy", u"eighty", u"ninety",
-};
 
 QStringList spokenNumber(int number)
 {
     if (number >= 1000) {
         return spokenNumber(number / 1000)
-               << u"thousand"_s << (number % 1000 == 0 ? QStringList() : spokenNumber(number % 1000));
+               << thousand.toString() << (number % 1000 == 0 ? QStringList() : spokenNumber(number % 1000));
     }
     if (number >= 100) {
         return spokenNumber(number / 100)
-               << u"hundred"_s << (number % 100 == 0 ? QStringList() : spokenNumber(number % 100));
+               << hundred.toString() << (number % 100 == 0 ? QStringList() : spokenNumber(number % 100));
     }
     if (number >= 20) {
-        QStringList words{tens.at(static_cast<std::size_t>(number) / 10).toString()};
+        QStringList words{tensTable.at(static_cast<std::size_t>(number) / 10 - 2).phrase.toString()};
         return number % 10 == 0 ? words : words << spokenNumber(number % 10);
     }
-    return {small.at(static_cast<std::size_t>(number)).toString()};
+    return {unitTable.at(static_cast<std::size_t>(number)).phrase.toString()};
 }
 
 /// Digit by digit where it is no number of a usual length.
