@@ -103,7 +103,13 @@ TEST_F(WakeWordVoiceServiceTest, theWakePhraseEndsListeningAndItsCommandIsHanded
         {u"hey  melvy \n next\tphoto\n"_s, u"next\tphoto"_s},
         {u"hey kelp hey kelva darker"_s, u"darker"_s}, // the first phrase of the list, not of the text
         {u"hey belwa hey kelva"_s, u"(nothing)"_s},
+        {u"Hey Kelva, apply preset B&W - Film (2) in Lightroom"_s,
+         u"apply preset B&W - Film (2) in lightroom"_s},
+        {u"hey kelva apply preset Soft Matte"_s, u"apply preset soft matte"_s},
+        {u"hey kelva use preset bw film 2"_s, u"use preset B&W - Film (2)"_s},
+        {u"hey kelva bw film 23"_s, u"bw film 23"_s},
     };
+    presetNames = QtFuture::makeReadyFuture(QStringList{u"Soft Matte"_s, u"B&W - Film (2)"_s});
     WakeWordTiming waits = timing;
     waits.sameUtterance = 0ms;
     listen(waits);

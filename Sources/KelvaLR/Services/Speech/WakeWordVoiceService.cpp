@@ -35,6 +35,20 @@ std::optional<QString> textBehindWakePhrase(const QString &transcript)
     return trimmedWhitespace(QStringView(text).sliced(text.indexOf(*phrase) + phrase->size()));
 }
 
+/// The text with the names as they are written: "bw high contrast" is "B&W High-Contrast". Names that only
+/// differ in case need nothing, since Lightroom finds them.
+QString withNamesAsWritten(const QString &text, const QStringList &names)
+{
+    QString written = u' ' + text + u' ';
+    for (const QString &name : names) {
+        const QString spoken = normalizedWords(name);
+        if (!spoken.isEmpty() && spoken != name.toLower()) {
+            written.replace(QString(u' ' + spoken + u' '), u' ' + name + u' ');
+        }
+    }
+    return written.sliced(1).chopped(1);
+}
+
 /// The future's value, if it is there within the time.
 QCoro::Task<std::optional<QStringList>> valueWithin(QFuture<QStringList> future,
                                                     std::chrono::milliseconds time)
@@ -205,7 +219,8 @@ void WakeWordVoiceService::handleTranscript(const QString &transcript)
     }
     m_sameUtterance.setRemainingTime(m_timing.sameUtterance, Qt::PreciseTimer);
     endCapture();
-    const std::optional<QString> command = text->isEmpty() ? std::nullopt : text;
+    const std::optional<QString> command =
+        text->isEmpty() ? std::nullopt : std::optional(withNamesAsWritten(*text, m_hints.presetNames));
     QMetaObject::invokeMethod(
         this,
         [this, command] {
