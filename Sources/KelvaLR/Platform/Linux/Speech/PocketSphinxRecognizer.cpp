@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/Speech/RecognitionWorker.h"
 #include "Support/PcmConverter.h"
+#include "Support/Posted.h"
 
 #include <QMetaObject>
 
@@ -40,10 +41,11 @@ public:
             return;
         }
         m_channel->waiting += pcm.size();
-        QMetaObject::invokeMethod(
-            &m_worker,
-            [worker = &m_worker, channel = m_channel, pcm = std::move(pcm)] { worker->take(channel, pcm); },
-            Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&m_worker,
+                                  Posted([worker = &m_worker, channel = m_channel, pcm = std::move(pcm)] {
+                                      worker->take(channel, pcm);
+                                  }),
+                                  Qt::QueuedConnection);
     }
 
     [[nodiscard]] const std::shared_ptr<RecognitionChannel> &channel() const { return m_channel; }
@@ -86,12 +88,10 @@ std::unique_ptr<SpeechRecognition> PocketSphinxRecognizer::recognize(const Speec
         m_thread.start(QThread::LowPriority);
     }
     auto feed = std::make_unique<Feed>(*m_worker, std::move(onResult));
-    QMetaObject::invokeMethod(
-        m_worker.get(),
-        [worker = m_worker.get(), channel = feed->channel(), names = hints.presetNames] {
-            worker->begin(channel, names);
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(m_worker.get(),
+                              Posted([worker = m_worker.get(), channel = feed->channel(),
+                                      names = hints.presetNames] { worker->begin(channel, names); }),
+                              Qt::QueuedConnection);
     return feed;
 }
 
