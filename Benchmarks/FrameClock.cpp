@@ -64,17 +64,4 @@ QString summary(QList<double> milliseconds)
         .arg(quantile(1), 0, 'f', 1);
 }
 
-double memory()
-{
-    QFile file(u"/proc/self/smaps_rollup"_s);
-    if (file.open(QIODevice::ReadOnly)) {
-        for (const QByteArray &line : file.readAll().split('\n')) {
-            if (line.startsWith("Pss:")) {
-                return line.simplified().split(' ').value(1).toDouble() * 1024 / 1e6;
-            }
-        }
-    }
-    return std::nan("");
-}
-
 } // namespace KelvaLR

@@ -35,7 +35,4 @@ private:
 /// The median, the 95th percentile and the largest of some milliseconds, as text.
 [[nodiscard]] QString summary(QList<double> milliseconds);
 
-/// The memory of this program that is its own, shared pages by their share: PSS, in megabytes.
-[[nodiscard]] double memory();
-
 } // namespace KelvaLR

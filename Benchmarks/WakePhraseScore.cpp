@@ -3,6 +3,8 @@
 // voices (PART), or, with PART "stream", prose without the phrase. With "explain" behind PART, every mistake
 // as well.
 
+#include "ResidentMemory.h"
+
 #include "Platform/FrontmostApplication.h"
 #include "Platform/Linux/Speech/RecognitionWorker.h"
 #include "Services/Lightroom/Language/LightroomCommandParser.h"
@@ -127,18 +129,6 @@ QByteArray samples(const QString &path)
 QString percent(int part, int whole)
 {
     return whole == 0 ? u"-"_s : u"%1 %"_s.arg(100.0 * part / whole, 0, 'f', 1);
-}
-
-double residentMegabytes()
-{
-    QFile file(u"/proc/self/smaps_rollup"_s);
-    [[maybe_unused]] const bool isOpen = file.open(QFile::ReadOnly);
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith("Pss:")) {
-            return line.simplified().split(' ').value(1).toDouble() / 1024;
-        }
-    }
-    return 0;
 }
 
 void count(Score &score, const Utterance &utterance, const QStringList &heard, bool explains)

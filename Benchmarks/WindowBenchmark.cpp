@@ -7,6 +7,7 @@
 #include "FrameClock.h"
 #include "Platform/Linux/SettingsPreferences.h"
 #include "Platform/Unavailable/UnavailableAppearance.h"
+#include "ResidentMemory.h"
 #include "Services/Assistant/AssistantActionRunner.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Stores/AppModel.h"
@@ -47,7 +48,7 @@ QString milliseconds(double value)
 
 void printMemory(const QString &moment)
 {
-    print(u"memory %1: %2 MB"_s.arg(moment).arg(memory(), 0, 'f', 1));
+    print(u"memory %1: %2 MB"_s.arg(moment).arg(residentMegabytes(), 0, 'f', 1));
 }
 
 /// The window over the real model and services.

@@ -3,6 +3,8 @@
 // and what arrived, and the memory; ends with 1 when an event was lost. Ten events a second, a tool call
 // every three seconds.
 
+#include "ResidentMemory.h"
+
 #include "Services/Assistant/Realtime/OpenAIRealtimeVoiceService.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Support/FakeAudio.h"
@@ -32,18 +34,6 @@ struct Count
     qint64 sent = 0;
     qint64 arrived = 0;
 };
-
-double residentMegabytes()
-{
-    QFile file(u"/proc/self/smaps_rollup"_s);
-    [[maybe_unused]] const bool isOpen = file.open(QFile::ReadOnly);
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith("Pss:")) {
-            return line.simplified().split(' ').value(1).toDouble() / 1024;
-        }
-    }
-    return 0;
-}
 
 /// The service's side: keeps nothing, counts what comes, and sends a round of events every second.
 class TalkativeServer : public QObject

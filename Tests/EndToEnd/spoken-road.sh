@@ -15,30 +15,13 @@ end_programs() {
 }
 trap 'end_programs; cleanup' EXIT
 
-# seconds_of_sound: how long the speaker has been louder than a whisper so far
-seconds_of_sound() {
-    python3 - "$work/speaker" <<'END'
-import array, sys
-samples = array.array("h")
-with open(sys.argv[1], "rb") as recording:
-    data = recording.read()
-samples.frombytes(data[: len(data) // 2 * 2])
-loud = [place for place, sample in enumerate(samples) if abs(sample) > 600]
-print((loud[-1] - loud[0]) // 24000 if loud else 0)
-END
-}
-
-# shows TEXT: waits until the window does
-shows() { "$here/window-element.py" "$1" >/dev/null || { cat "$work/kelvalr.err" >&2; exit 1; }; }
-
 "$kelvalr" --install-plugin >/dev/null
 "$standin" --sample-photos "$work/photos" >/dev/null
 start_standin --photos "$work/photos"
 settings=${XDG_CONFIG_HOME:-$HOME/.config}/KelvaLR/KelvaLR.ini
 mkdir -p "$(dirname "$settings")"
 printf '[General]\nstartInQuietMode=false\nreadResponsesAloud=true\n' >"$settings"
-parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
-recorder_pid=$!
+record_speaker
 
 "$kelvalr" --prompt "set contrast to 1" >/dev/null
 expect "sound of a command line" 0 "$(seconds_of_sound)"

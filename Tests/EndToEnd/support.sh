@@ -54,6 +54,31 @@ expect() {
 # xmp SIDECAR KEY: the value of one key, empty when it is not there
 xmp() { exiv2 -Pv -K "$2" "$1" 2>/dev/null || true; }
 
+# shows TEXT: waits until the window of kelvalr does, whose standard error is in $work/kelvalr.err
+shows() {
+    "$(dirname "${BASH_SOURCE[0]}")/window-element.py" "$1" >/dev/null || { cat "$work/kelvalr.err" >&2; exit 1; }
+}
+
+# record_speaker: from now on into $work/speaker, by the process $recorder_pid
+record_speaker() {
+    parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
+    recorder_pid=$!
+}
+
+# seconds_of_sound [BYTE]: how long the speaker has been louder than a whisper since that place of the recording
+seconds_of_sound() {
+    python3 - "$work/speaker" "${1:-0}" <<'END'
+import array, sys
+samples = array.array("h")
+with open(sys.argv[1], "rb") as recording:
+    recording.seek(int(sys.argv[2]) // 2 * 2)
+    data = recording.read()
+samples.frombytes(data[: len(data) // 2 * 2])
+loud = [place for place, sample in enumerate(samples) if abs(sample) > 600]
+print((loud[-1] - loud[0]) // 24000 if loud else 0)
+END
+}
+
 finish() {
     stop_standin
     [ "$failures" -eq 0 ] || { echo "$failures checks failed"; exit 1; }

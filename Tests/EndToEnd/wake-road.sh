@@ -18,24 +18,7 @@ end_programs() {
 }
 trap 'end_programs; cleanup' EXIT
 
-# shows TEXT: waits until the window does
-shows() { "$here/window-element.py" "$1" >/dev/null || { echo "not shown: $1"; cat "$work/kelvalr.err"; exit 1; }; }
-
 recorded() { stat --format=%s "$work/speaker"; }
-
-# seconds_of_sound BYTE: how long the speaker has been louder than a whisper since then
-seconds_of_sound() {
-    python3 - "$work/speaker" "$1" <<'END'
-import array, sys
-samples = array.array("h")
-with open(sys.argv[1], "rb") as recording:
-    recording.seek(int(sys.argv[2]) // 2 * 2)
-    data = recording.read()
-samples.frombytes(data[: len(data) // 2 * 2])
-loud = [place for place, sample in enumerate(samples) if abs(sample) > 600]
-print((loud[-1] - loud[0]) // 24000 if loud else 0)
-END
-}
 
 # say WORDS ANSWER: behind the phrase, once the program listens; until the answer is shown and has been heard
 say() {
@@ -59,8 +42,7 @@ start_standin --photos "$work/photos"
 mapfile -t photos < <(find "$work/photos" -name '*.jpg' | sort)
 first=${photos[0]%.jpg}.xmp
 second=${photos[1]%.jpg}.xmp
-parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
-recorder_pid=$!
+record_speaker
 # A microphone that delivers nothing at all counts as muted.
 python3 -c 'import array, random, sys
 array.array("h", (random.randint(-40, 40) for _ in range(2 ** 19))).tofile(sys.stdout.buffer)' >"$work/hiss"
