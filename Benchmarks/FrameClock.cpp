@@ -2,11 +2,9 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QTimer>
 
 #include <algorithm>
-#include <cmath>
 
 #include <ctime>
 

@@ -11,7 +11,6 @@
 #include "Support/LightroomRig.h"
 #include "Support/WaitForTask.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QTimer>
