@@ -36,7 +36,15 @@ TEST(CommandLine, saysWhatTheProgramWasStartedFor)
               (CommandLine{.mode = LaunchMode::consent, .allowsComputerControl = false}));
     EXPECT_EQ(parse({u"--terminal"_s, u"--allow-computer-control=yes"_s}),
               (CommandLine{.mode = LaunchMode::terminal, .allowsComputerControl = true}));
+    EXPECT_EQ(parse({u"--create-note"_s, u" a "_s}),
+              (CommandLine{.intent = CreateKelvaLRNoteIntent{u" a "_s}}));
+    EXPECT_EQ(parse({u"--open-section=chat"_s}), (CommandLine{.intent = OpenKelvaLRSectionIntent{}}));
+    EXPECT_EQ(parse({u"--gapplication-service"_s}), (CommandLine{.mode = LaunchMode::service}));
     for (const QStringList &wrong : {QStringList{u"--nonsense"_s},
+                                     {u"--open-section=settings"_s},
+                                     {u"--open-section=chat"_s, u"--create-note=a"_s},
+                                     {u"--create-note=a"_s, u"--prompt=a"_s},
+                                     {u"--create-note=a"_s, u"--allow-computer-control=yes"_s},
                                      {u"--prompt"_s},
                                      {u"stray"_s},
                                      {u"--allow-computer-control=maybe"_s},

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
-"""window-element.py NAME: waits until a window of kelvalr shows an element with this accessible name, and prints
-the centre of the element on the screen as "X Y". Its status is 1 when none has come within 20 seconds."""
+"""window-element.py [--text] NAME: waits until a window of kelvalr shows an element with this accessible name, and
+prints the centre of the element on the screen as "X Y"; with --text what it holds, after "focused " when it has the
+keyboard. Its status is 1 when none has come within 20 seconds."""
 import sys
 import time
 
@@ -29,11 +30,20 @@ def application():
     return next((program for program in programs if program and program.get_name() == "KelvaLR"), None)
 
 
+def held_text(element):
+    text = Atspi.Text.get_text(element, 0, -1)
+    return ("focused " if element.get_state_set().contains(Atspi.StateType.FOCUSED) else "") + text
+
+
+name = sys.argv[-1]
 deadline = time.monotonic() + 20
 while time.monotonic() < deadline:
     try:
         program = application()
-        if program and (element := shown(program, sys.argv[1])):
+        if program and (element := shown(program, name)):
+            if sys.argv[1] == "--text":
+                print(held_text(element))
+                sys.exit(0)
             place = element.get_extents(Atspi.CoordType.SCREEN)
             print(place.x + place.width // 2, place.y + place.height // 2)
             sys.exit(0)
@@ -41,5 +51,5 @@ while time.monotonic() < deadline:
         pass  # what was being read has gone; the next look reads anew
     time.sleep(0.05)
     Atspi.get_desktop(0).clear_cache()
-print(f'No element "{sys.argv[1]}" is shown.', file=sys.stderr)
+print(f'No element "{name}" is shown.', file=sys.stderr)
 sys.exit(1)

@@ -11,6 +11,11 @@ namespace {
 /// The options of the program; the parser holds what was given of them.
 struct Options
 {
+    QCommandLineOption openSection{
+        u"open-section"_s, u"Bring the window to the front and show a section of it: chat."_s, u"SECTION"_s};
+    QCommandLineOption createNote{
+        u"create-note"_s, u"Bring the window to the front with TEXT in its composer. Nothing is sent."_s,
+        u"TEXT"_s};
     QCommandLineOption prompt{
         u"prompt"_s, u"Submit TEXT, wait for its answer and print it. May be repeated."_s, u"TEXT"_s};
     QCommandLineOption terminal{u"terminal"_s, u"Read requests from standard input, one a line."_s};
@@ -27,6 +32,9 @@ struct Options
         u"Whether KelvaLR may press keys and click in other programs, from now on. By itself it only "
         "keeps the answer."_s,
         u"yes|no"_s};
+    QCommandLineOption service{
+        u"gapplication-service"_s,
+        u"Wait without a window until the session bus asks for something; the bus starts it so."_s};
     QCommandLineOption help{{u"h"_s, u"help"_s}, u"Show this help."_s};
     QCommandLineOption version{{u"v"_s, u"version"_s}, u"Show the version."_s};
 
@@ -34,10 +42,65 @@ struct Options
     {
         parser.setApplicationDescription(
             u"Desktop assistant for Lightroom Classic. Without an option it opens its window."_s);
-        parser.addOptions({prompt, terminal, json, explain, assumeFrontmost, installPlugin,
-                           allowComputerControl, help, version});
+        parser.addOptions({openSection, createNote, prompt, terminal, json, explain, assumeFrontmost,
+                           installPlugin, allowComputerControl, service, help, version});
     }
 };
+
+/// What the program is started for when the option is given; several exclude each other.
+struct ModeRow
+{
+    const QCommandLineOption &option;
+    LaunchMode mode;
+};
+
+std::expected<LaunchMode, QString> modeGiven(const QCommandLineParser &parser, const Options &options)
+{
+    if (parser.isSet(options.help)) {
+        return LaunchMode::help;
+    }
+    if (parser.isSet(options.version)) {
+        return LaunchMode::version;
+    }
+    const ModeRow rows[] = {
+        {options.openSection, LaunchMode::window}, {options.createNote, LaunchMode::window},
+        {options.explain, LaunchMode::explain},    {options.installPlugin, LaunchMode::installPlugin},
+        {options.terminal, LaunchMode::terminal},  {options.prompt, LaunchMode::prompts},
+        {options.service, LaunchMode::service},
+    };
+    QStringList given;
+    LaunchMode mode = parser.isSet(options.allowComputerControl) ? LaunchMode::consent : LaunchMode::window;
+    for (const ModeRow &row : rows) {
+        if (parser.isSet(row.option)) {
+            given.append(u"--"_s + row.option.names().constFirst());
+            mode = row.mode;
+        }
+    }
+    if (given.size() > 1) {
+        return std::unexpected(u"Give only one of %1."_s.arg(given.join(" and "_L1)));
+    }
+    if (mode == LaunchMode::window && !given.isEmpty() && parser.isSet(options.allowComputerControl)) {
+        return std::unexpected(u"Give --allow-computer-control by itself, or with --prompt or --terminal."_s);
+    }
+    return mode;
+}
+
+/// None when no action is asked for.
+std::expected<std::optional<KelvaLRIntent>, QString> intentGiven(const QCommandLineParser &parser,
+                                                                 const Options &options)
+{
+    if (parser.isSet(options.createNote)) {
+        return CreateKelvaLRNoteIntent{parser.value(options.createNote)};
+    }
+    if (!parser.isSet(options.openSection)) {
+        return std::nullopt;
+    }
+    const auto section = sectionNamed(parser.value(options.openSection));
+    if (!section) {
+        return std::unexpected(section.error());
+    }
+    return OpenKelvaLRSectionIntent{*section};
+}
 
 } // namespace
 
@@ -67,27 +130,16 @@ std::expected<CommandLine, QString> CommandLine::parse(const QStringList &argume
         line.allowsComputerControl = answer == "yes"_L1;
     }
 
-    const std::pair<const QCommandLineOption &, LaunchMode> modes[] = {
-        {options.help, LaunchMode::help},         {options.version, LaunchMode::version},
-        {options.explain, LaunchMode::explain},   {options.installPlugin, LaunchMode::installPlugin},
-        {options.terminal, LaunchMode::terminal}, {options.prompt, LaunchMode::prompts},
-    };
-    for (const auto &[option, mode] : modes) {
-        if (!parser.isSet(option)) {
-            continue;
-        }
-        if (line.mode != LaunchMode::window) {
-            return std::unexpected(
-                u"Give only one of --explain, --install-plugin, --terminal and --prompt."_s);
-        }
-        line.mode = mode;
-        if (mode == LaunchMode::help || mode == LaunchMode::version) {
-            break;
-        }
+    const auto mode = modeGiven(parser, options);
+    if (!mode) {
+        return std::unexpected(mode.error());
     }
-    if (line.mode == LaunchMode::window && line.allowsComputerControl) {
-        line.mode = LaunchMode::consent;
+    line.mode = *mode;
+    const auto intent = intentGiven(parser, options);
+    if (!intent) {
+        return std::unexpected(intent.error());
     }
+    line.intent = *intent;
     return line;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AppIntents/KelvaLRIntents.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,13 +11,15 @@
 namespace KelvaLR {
 
 /// What the program was started for.
-enum class LaunchMode { window, prompts, terminal, explain, installPlugin, consent, help, version };
+/// `service` waits without a window until the session bus asks for something.
+enum class LaunchMode { window, service, prompts, terminal, explain, installPlugin, consent, help, version };
 enum class OutputFormat { text, json };
 
 struct CommandLine
 {
     LaunchMode mode = LaunchMode::window;
     OutputFormat format = OutputFormat::text;
+    std::optional<KelvaLRIntent> intent; ///< for the window
     QStringList prompts;
     bool isLightroomAssumedFrontmost = false;
     std::optional<bool> allowsComputerControl; ///< what the user's setting becomes

@@ -2,7 +2,6 @@
 
 #include "App/ComputerControlConsent.h"
 #include "App/LocalSpeech.h"
-#include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/AccessibleLightroomMenus.h"
 #include "Platform/Linux/AtSpiAccessibility.h"
 #include "Platform/Linux/AudioThread.h"
@@ -39,8 +38,6 @@ public:
     KelvaLRApp(std::FILE *diagnostics, Speech speech);
 
     [[nodiscard]] AppModel &model() { return m_model; }
-
-    [[nodiscard]] AppIntentRouter &intentRouter() { return m_intentRouter; }
 
     [[nodiscard]] Preferences &preferences() { return m_preferences; }
 
@@ -79,7 +76,6 @@ private:
     std::unique_ptr<LocalSpeech> m_speech; ///< none in a terminal
 
     AppModel m_model;
-    AppIntentRouter m_intentRouter;
 };
 
 } // namespace KelvaLR

@@ -1,6 +1,8 @@
 #include "App/WindowMode.h"
 
 #include "App/KelvaLRApp.h"
+#include "App/SystemActionService.h"
+#include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/DesktopAppearance.h"
 #include "Platform/Linux/SessionBus.h"
 #include "Support/TerminationSignals.h"
@@ -9,14 +11,20 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QQuickWindow>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
+#include <optional>
 
 namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// How long a program that the session bus started waits for somebody who wants its window.
+constexpr std::chrono::seconds idleTime{30};
 
 /// The toolkit ends the program when it finds no display; a user is told what to do instead.
 bool hasDisplay()
@@ -44,9 +52,84 @@ void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QStr
     }
 }
 
+/// The window with all that it stands on, made when it is first asked for.
+class Program
+{
+public:
+    Program(AppIntentRouter &router)
+        : m_router(router)
+    {
+    }
+
+    [[nodiscard]] bool isOpen() const { return m_parts.has_value(); }
+
+    /// Opens the window, or brings it to the front; false when it cannot be opened.
+    bool present()
+    {
+        if (isOpen()) {
+            m_parts->app.model().bringAppToFront();
+            return true;
+        }
+        m_parts.emplace(m_router);
+        if (!m_parts->host.window()) {
+            m_parts.reset();
+            return false;
+        }
+        open(*m_parts);
+        return true;
+    }
+
+private:
+    struct Parts
+    {
+        explicit Parts(AppIntentRouter &router)
+            : appearance(existingSessionBus())
+            , host({app.model(), router, app.preferences(), app.lightroomService(), appearance})
+        {
+        }
+
+        KelvaLRApp app{stderr, KelvaLRApp::Speech::on};
+        DesktopAppearance appearance;
+        MainWindowHost host;
+    };
+
+    static void open(Parts &parts)
+    {
+        QObject::connect(&parts.app.consent(), &ComputerControlConsent::asked, &parts.host.settings(),
+                         &SettingsViewModel::askForComputerControl);
+        AppModel &model = parts.app.model();
+        if (!parts.app.preferences().isOn(Preference::startInQuietMode)) {
+            // A session takes a moment to begin, which the window does not wait for.
+            QObject::connect(
+                parts.host.window(), &QQuickWindow::frameSwapped, &model,
+                [&model] { model.setMode(InputMode::voice); }, Qt::SingleShotConnection);
+        }
+        parts.host.window()->show();
+        parts.host.window()->requestActivate();
+    }
+
+    AppIntentRouter &m_router;
+    std::optional<Parts> m_parts;
+};
+
+/// Prints what an action says.
+/// @return the exit status
+int report(const std::expected<std::optional<QString>, QString> &outcome)
+{
+    if (!outcome) {
+        std::fputs(qPrintable(u"kelvalr: %1\n"_s.arg(outcome.error())), stderr);
+        return 1;
+    }
+    if (*outcome) {
+        std::puts(qPrintable(**outcome));
+        std::fflush(stdout);
+    }
+    return 0;
+}
+
 } // namespace
 
-int runWindow(int &argumentCount, char **arguments)
+int runWindow(const CommandLine &line, int &argumentCount, char **arguments)
 {
     if (!hasDisplay()) {
         std::fputs(
@@ -62,23 +145,26 @@ int runWindow(int &argumentCount, char **arguments)
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
                      &TerminationSignals::exitApplication);
-    KelvaLRApp app(stderr, KelvaLRApp::Speech::on);
-    DesktopAppearance appearance(existingSessionBus());
-    MainWindowHost host(
-        {app.model(), app.intentRouter(), app.preferences(), app.lightroomService(), appearance});
-    if (!host.window()) {
-        return 1;
+
+    AppIntentRouter router;
+    Program program(router);
+    SystemActionService actions(router, [&program] { return program.present(); });
+    if (actions.publish(existingSessionBus()) == SystemActionService::Publication::anotherRuns) {
+        return report(handOver(existingSessionBus(), line.intent));
     }
-    QObject::connect(&app.consent(), &ComputerControlConsent::asked, &host.settings(),
-                     &SettingsViewModel::askForComputerControl);
-    if (!app.preferences().isOn(Preference::startInQuietMode)) {
-        // A session takes a moment to begin, which the window does not wait for.
-        QObject::connect(
-            host.window(), &QQuickWindow::frameSwapped, &app.model(),
-            [&app] { app.model().setMode(InputMode::voice); }, Qt::SingleShotConnection);
+    if (line.mode == LaunchMode::service) {
+        QTimer::singleShot(idleTime, &application, [&program] {
+            if (!program.isOpen()) {
+                QCoreApplication::quit();
+            }
+        });
+    } else if (line.intent) {
+        if (const int status = report(actions.run(*line.intent)); status != 0) {
+            return status;
+        }
+    } else if (!actions.activate()) {
+        return 1; // the engine has said why
     }
-    host.window()->show();
-    host.window()->requestActivate();
     return QGuiApplication::exec();
 }
 

@@ -115,6 +115,7 @@ int runWithoutWindow(const CommandLine &line)
     case LaunchMode::terminal:
         return runConversation(line);
     case LaunchMode::window:
+    case LaunchMode::service:
         break;
     }
     return 1;
@@ -142,8 +143,8 @@ int main(int argc, char **argv)
         print(stderr, u"kelvalr: %1\n"_s.arg(line.error()));
         return 2;
     }
-    if (line->mode == LaunchMode::window) {
-        return runWindow(argc, argv);
+    if (line->mode == LaunchMode::window || line->mode == LaunchMode::service) {
+        return runWindow(*line, argc, argv);
     }
     const QCoreApplication application(argc, argv);
     if (line->allowsComputerControl) {

@@ -1,0 +1,94 @@
+#!/usr/bin/env bash
+# The desktop asks for the system actions: of a program that does not run, of one that does, over the session bus and
+# by a second start. Runs on Scripts/desktop-session.
+here=$(cd "$(dirname "$0")" && pwd)
+services=$XDG_DATA_HOME/dbus-1/services
+# shellcheck source=Tests/EndToEnd/support.sh
+source "$here/support.sh"
+export QT_QUICK_BACKEND=software
+
+end_programs() {
+    pkill -P $$ 2>/dev/null || true
+    pkill -f "^$kelvalr --gapplication-service" 2>/dev/null || true
+}
+trap 'end_programs; cleanup' EXIT
+
+# ask METHOD ARG...: of the program, by whatever it takes to start it
+ask() {
+    gdbus call --session --timeout 20 --dest org.kelvalr.KelvaLR --object-path /org/kelvalr/KelvaLR \
+        --method "org.kelvalr.KelvaLR.Intents.$1" "${@:2}" 2>&1 || true
+}
+
+composer() { "$here/window-element.py" --text "Ask KelvaLR"; }
+
+# composes NAME TEXT: the composer soon holds the text and has the keyboard
+composes() {
+    local deadline=$((SECONDS + 20))
+    until [ "$(composer)" = "focused $2" ] || [ "$SECONDS" -ge "$deadline" ]; do sleep 0.1; done
+    expect "$1" "focused $2" "$(composer)"
+}
+
+in_front() { xdotool getactivewindow getwindowname; }
+
+# comes_to_front NAME: the window soon is
+comes_to_front() {
+    local deadline=$((SECONDS + 10))
+    until [ "$(in_front)" = KelvaLR ] || [ "$SECONDS" -ge "$deadline" ]; do sleep 0.1; done
+    expect "$1" KelvaLR "$(in_front)"
+}
+
+mkdir -p "$services"
+printf '[D-BUS Service]\nName=org.kelvalr.KelvaLR\nExec=%s --gapplication-service\n' "$kelvalr" \
+    >"$services/org.kelvalr.KelvaLR.service"
+gdbus call --session --dest org.freedesktop.DBus --object-path / --method org.freedesktop.DBus.ReloadConfig >/dev/null
+
+# What needs no window opens none.
+expect "sessions" "([('chat', 'Lightroom')],)" "$(ask Sessions "['other', 'chat']")"
+expect "no session" "(@a(ss) [],)" "$(ask Sessions "['other']")"
+expect "artifacts" "([('lightroom-status', 'Lightroom Status', 'Markdown')],)" "$(ask SuggestedArtifacts)"
+expect "windows" "" "$(xdotool search --onlyvisible --name '^KelvaLR$' || true)"
+pkill -f "^$kelvalr --gapplication-service"
+while pgrep -f "^$kelvalr --gapplication-service" >/dev/null; do sleep 0.05; done
+
+# The bus starts the program for a note.
+expect "note for a program that does not run" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote 'Buy film')"
+composes "the note" "Buy film"
+
+# It runs; another program is in front.
+"$(dirname "$kelvalr")/widget_gallery" >/dev/null &
+other=$(timeout 20 xdotool search --sync --onlyvisible --pid $! | tail -n 1)
+timeout 20 xdotool windowactivate --sync "$other"
+expect "empty note" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote '')"
+comes_to_front "after an empty note"
+composes "after an empty note" "Buy film"
+expect "section" "()" "$(ask OpenKelvaLRSection chat)"
+expect "unknown section" "There is no section 'photos'; there is: chat." \
+    "$(ask OpenKelvaLRSection photos | sed -n 's/.*: There/There/p')"
+expect "another note" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote ' Zwei Filme ')"
+composes "another note" " Zwei Filme "
+
+# A second start hands over.
+timeout 20 xdotool windowactivate --sync "$other"
+expect "second start" "0" "$("$kelvalr" 2>&1; echo $?)"
+comes_to_front "after a second start"
+expect "second start with a note" "Opened KelvaLR.
+0" "$("$kelvalr" --create-note "Three films" 2>&1; echo $?)"
+composes "its note" "Three films"
+expect "second start with a section" 0 "$("$kelvalr" --open-section chat 2>&1; echo $?)"
+expect "programs" 1 "$(pgrep -fc "^$kelvalr")"
+
+# One that hangs is not waited for without end.
+running=$(pgrep -f "^$kelvalr")
+kill -STOP "$running"
+expect "hanging program" "kelvalr: KelvaLR already runs, but does not answer.
+1" "$("$kelvalr" --open-section chat 2>&1; echo $?)"
+kill -CONT "$running"
+kill "$running"
+while kill -0 "$running" 2>/dev/null; do sleep 0.05; done
+
+# A first start with a note.
+"$kelvalr" --create-note "Four films" >"$work/said" 2>"$work/kelvalr.err" &
+composes "note of a first start" "Four films"
+expect "what it said" "Opened KelvaLR." "$(cat "$work/said")"
+expect "standard error" "" "$(cat "$work/kelvalr.err")"
+finish
