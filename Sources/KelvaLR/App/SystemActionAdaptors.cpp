@@ -11,6 +11,17 @@ namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+void refuse(const QDBusConnection &bus, const QDBusMessage &call, QDBusError::ErrorType error,
+            const QString &sentence)
+{
+    call.setDelayedReply(true); // so that no other one is sent
+    bus.send(call.createErrorReply(error, sentence));
+}
+
+} // namespace
+
 IntentsAdaptor::IntentsAdaptor(SystemActionService &service, const QDBusConnection &bus)
     : QDBusAbstractAdaptor(&service)
     , m_service(service)
@@ -28,10 +39,10 @@ void IntentsAdaptor::OpenKelvaLRSection(const QString &section, const QDBusMessa
 {
     const auto known = sectionNamed(section);
     if (!known) {
-        return refuse(call, QDBusError::errorString(QDBusError::InvalidArgs), known.error());
+        return refuse(m_bus, call, QDBusError::InvalidArgs, known.error());
     }
     if (const auto done = m_service.run(OpenKelvaLRSectionIntent{*known}); !done) {
-        refuse(call, QDBusError::errorString(QDBusError::Failed), done.error());
+        refuse(m_bus, call, QDBusError::Failed, done.error());
     }
 }
 
@@ -39,7 +50,7 @@ QString IntentsAdaptor::CreateKelvaLRNote(const QString &text, const QDBusMessag
 {
     const auto done = m_service.run(CreateKelvaLRNoteIntent{text});
     if (!done) {
-        refuse(call, QDBusError::errorString(QDBusError::Failed), done.error());
+        refuse(m_bus, call, QDBusError::Failed, done.error());
         return {};
     }
     return done->value_or(QString());
@@ -77,39 +88,37 @@ QList<KelvaLRArtifactEntity> IntentsAdaptor::Artifacts(const QStringList &identi
     return KelvaLRArtifactQuery::entities(identifiers);
 }
 
-void IntentsAdaptor::refuse(const QDBusMessage &call, const QString &name, const QString &sentence)
-{
-    call.setDelayedReply(true); // so that no other one is sent
-    m_bus.send(call.createErrorReply(name, sentence));
-}
-
-ApplicationAdaptor::ApplicationAdaptor(SystemActionService &service)
+ApplicationAdaptor::ApplicationAdaptor(SystemActionService &service, const QDBusConnection &bus)
     : QDBusAbstractAdaptor(&service)
     , m_service(service)
+    , m_bus(bus)
 {
 }
 
-void ApplicationAdaptor::Activate(const QVariantMap & /*platformData*/)
+void ApplicationAdaptor::Activate(const QVariantMap & /*platformData*/, const QDBusMessage &call)
 {
-    (void)m_service.activate(); // a desktop has no use for the reason
+    if (const auto done = m_service.activate(); !done) {
+        refuse(m_bus, call, QDBusError::Failed, done.error());
+    }
 }
 
-void ApplicationAdaptor::Open(const QStringList & /*uris*/, const QVariantMap &platformData)
+void ApplicationAdaptor::Open(const QStringList & /*uris*/, const QVariantMap &platformData,
+                              const QDBusMessage &call)
 {
-    Activate(platformData);
+    Activate(platformData, call);
 }
 
 void ApplicationAdaptor::ActivateAction(const QString &action, const QVariantList &parameter,
-                                        const QVariantMap &platformData)
+                                        const QVariantMap &platformData, const QDBusMessage &call)
 {
-    const QString text = parameter.value(0).toString();
+    KelvaLRIntent intent;
     if (action == SystemActionName::createNoteAction) {
-        (void)m_service.run(CreateKelvaLRNoteIntent{text});
-    } else if (action == SystemActionName::openSectionAction) {
-        (void)m_service.run(
-            OpenKelvaLRSectionIntent{sectionNamed(text).value_or(OpenKelvaLRSectionIntent().section)});
-    } else {
-        Activate(platformData);
+        intent = CreateKelvaLRNoteIntent{parameter.value(0).toString()};
+    } else if (action != SystemActionName::openSectionAction) {
+        return Activate(platformData, call);
+    }
+    if (const auto done = m_service.run(intent); !done) {
+        refuse(m_bus, call, QDBusError::Failed, done.error());
     }
 }
 
@@ -126,7 +135,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, ShortcutOnBus &sh
     argument.beginStructure();
     argument >> shortcut.title >> shortcut.phrases >> shortcut.shortTitle >> shortcut.systemImage;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): as QtDBus wants it
 }
 
 QDBusArgument &operator<<(QDBusArgument &argument, const KelvaLRSessionEntity &session)
@@ -142,7 +151,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, KelvaLRSessionEnt
     argument.beginStructure();
     argument >> session.id >> session.title;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): as QtDBus wants it
 }
 
 QDBusArgument &operator<<(QDBusArgument &argument, const KelvaLRArtifactEntity &artifact)
@@ -158,7 +167,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, KelvaLRArtifactEn
     argument.beginStructure();
     argument >> artifact.id >> artifact.title >> artifact.kind;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): as QtDBus wants it
 }
 
 } // namespace KelvaLR

@@ -29,7 +29,7 @@ class IntentsAdaptor : public QDBusAbstractAdaptor
 public:
     IntentsAdaptor(SystemActionService &service, const QDBusConnection &bus);
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): read by moc
     void OpenKelvaLRSection(const QString &section, const QDBusMessage &call);
     QString CreateKelvaLRNote(const QString &text, const QDBusMessage &call);
     QList<KelvaLR::ShortcutOnBus> Shortcuts();
@@ -40,8 +40,6 @@ public Q_SLOTS:
     QList<KelvaLR::KelvaLRArtifactEntity> Artifacts(const QStringList &identifiers);
 
 private:
-    void refuse(const QDBusMessage &call, const QString &name, const QString &sentence);
-
     SystemActionService &m_service;
     QDBusConnection m_bus;
 };
@@ -53,18 +51,19 @@ class ApplicationAdaptor : public QDBusAbstractAdaptor
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    explicit ApplicationAdaptor(SystemActionService &service);
+    ApplicationAdaptor(SystemActionService &service, const QDBusConnection &bus);
 
-public Q_SLOTS:
-    void Activate(const QVariantMap &platformData);
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): read by moc
+    void Activate(const QVariantMap &platformData, const QDBusMessage &call);
     /// The program opens no files; its window comes to the front.
-    void Open(const QStringList &uris, const QVariantMap &platformData);
-    /// An action of the desktop entry; its parameter is a section, or the text of a note.
-    void ActivateAction(const QString &action, const QVariantList &parameter,
-                        const QVariantMap &platformData);
+    void Open(const QStringList &uris, const QVariantMap &platformData, const QDBusMessage &call);
+    /// An action of the desktop entry; for a note its parameter is the text.
+    void ActivateAction(const QString &action, const QVariantList &parameter, const QVariantMap &platformData,
+                        const QDBusMessage &call);
 
 private:
     SystemActionService &m_service;
+    QDBusConnection m_bus;
 };
 
 QDBusArgument &operator<<(QDBusArgument &argument, const ShortcutOnBus &shortcut);

@@ -67,7 +67,7 @@ SystemActionService::Publication SystemActionService::publish(QDBusConnection bu
         return Publication::noBus;
     }
     new IntentsAdaptor(*this, bus);
-    new ApplicationAdaptor(*this);
+    new ApplicationAdaptor(*this, bus);
     // The object first: whoever waits for the name calls at once.
     bus.registerObject(SystemActionName::path, this, QDBusConnection::ExportAdaptors);
     if (!bus.registerService(SystemActionName::service)) {
