@@ -1,5 +1,6 @@
 #include "Services/Assistant/Realtime/RealtimePhrases.h"
 
+#include "Services/Assistant/Realtime/StopPhrases.h"
 #include "Support/NormalizedWords.h"
 #include "Support/WakePhrases.h"
 
@@ -10,14 +11,6 @@
 namespace KelvaLR {
 
 namespace {
-
-constexpr PhraseList<12> stopPhrases{
-    u"stop",      u"done",       u"all done", u"thats it",    u"that is it",     u"cancel",
-    u"nevermind", u"never mind", u"end",      u"end session", u"stop listening", u"close connection",
-};
-
-/// Words that end the session wherever they stand.
-constexpr PhraseList<2> stopWords{u"stop", u"cancel"};
 
 template <std::size_t size>
 bool isOneOf(QStringView text, const PhraseList<size> &phrases)

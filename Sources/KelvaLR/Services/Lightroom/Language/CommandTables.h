@@ -38,6 +38,9 @@ inline constexpr PhraseList<12> actionWords{
     u"increase", u"raise",  u"add", u"remove", u"brighten", u"darken",
 };
 
+/// Makes the number the new value; as the first word of a request it stands without the blank before it.
+inline constexpr QStringView absoluteWord = u" set ";
+
 inline constexpr PhraseList<5> decreaseWords{u"reduce", u"decrease", u"lower", u"darken", u"remove"};
 
 inline constexpr PhraseList<4> increaseWords{u"increase", u"raise", u"brighten", u"add"};
@@ -120,6 +123,52 @@ inline constexpr std::array<PhraseRow<QLatin1StringView>, 3> loneDirectionTable{
 }};
 
 inline constexpr PhraseList<3> statusPhrases{u"status", u"what photo", u"selected photo"};
+
+inline constexpr PhraseList<3> connectionTestPhrases{
+    u"test lightroom connection",
+    u"check lightroom connection",
+    u"lightroom connection test",
+};
+
+// Imported photos: which are meant, and what a request about them can ask for beside presets, stars and
+// sliders.
+
+inline constexpr PhraseList<8> importedPhotoPhrases{
+    u"selected",       u"these",           u"this photo",   u"this image",
+    u"imported photo", u"imported photos", u"all imported", u"all photos",
+};
+
+/// Of these phrases, those that mean every photo and not only the selected ones.
+inline constexpr PhraseList<4> allImportedPhotosPhrases{
+    u"all imported",
+    u"all imported photos",
+    u"all photos",
+    u"imported photos",
+};
+
+inline constexpr std::array<PhraseRow<QLatin1StringView>, 6> batchCullTable{{
+    {u"unflag", "unflag"_L1},
+    {u"clear flag", "unflag"_L1},
+    {u"reject", "reject"_L1},
+    {u"cull", "reject"_L1},
+    {u"pick", "pick"_L1},
+    {u"flag", "pick"_L1},
+}};
+
+/// A described look and the slider change it stands for, "name:value:1".
+struct LookRow
+{
+    PhraseList<2> phrases;
+    QLatin1StringView adjustment;
+};
+
+inline constexpr std::array<LookRow, 5> lookTable{{
+    {{u"brighter", u"brighten"}, "exposure:0.3:1"_L1},
+    {{u"darker", u"darken"}, "exposure:-0.3:1"_L1},
+    {{u"warmer", u"warm up"}, "temperature:500:1"_L1},
+    {{u"cooler", u"cool down"}, "temperature:-500:1"_L1},
+    {{u"more contrast", u"contrastier"}, "contrast:10:1"_L1},
+}};
 
 // The elements and keys of a window.
 

@@ -1,9 +1,9 @@
 #include "Services/Lightroom/Language/ImportedPhotoBatchParser.h"
 
+#include "Services/Lightroom/Language/CommandTables.h"
 #include "Services/Lightroom/Language/LightroomPhrases.h"
 #include "Services/Lightroom/Language/LightroomSliderPromptParser.h"
 #include "Services/Lightroom/Language/NumbersInText.h"
-#include "Support/PhraseTable.h"
 #include "Support/TextTrimming.h"
 
 #include <QStringList>
@@ -16,18 +16,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace ImportedPhotoBatch;
-
-constexpr PhraseList<8> selectionPhrases{
-    u"selected",       u"these",           u"this photo",   u"this image",
-    u"imported photo", u"imported photos", u"all imported", u"all photos",
-};
-
-constexpr PhraseList<4> allPhotosPhrases{
-    u"all imported",
-    u"all imported photos",
-    u"all photos",
-    u"imported photos",
-};
 
 constexpr PhraseList<5> targetableActions{
     u"lr_adjust_slider", u"lr_adjust_sliders", u"lr_apply_preset", u"lr_cull_photo", u"lr_set_rating",
@@ -44,30 +32,6 @@ constexpr std::array<QLatin1StringView, 4> targetPhrases{
 };
 
 constexpr PhraseList<2> presetNamePrefixes{u"called ", u"named "};
-
-constexpr std::array<PhraseRow<QLatin1StringView>, 6> cullTable{{
-    {u"unflag", "unflag"_L1},
-    {u"clear flag", "unflag"_L1},
-    {u"reject", "reject"_L1},
-    {u"cull", "reject"_L1},
-    {u"pick", "pick"_L1},
-    {u"flag", "pick"_L1},
-}};
-
-/// A described look and the slider change it stands for.
-struct LookRow
-{
-    PhraseList<2> phrases;
-    QLatin1StringView adjustment;
-};
-
-constexpr std::array<LookRow, 5> lookTable{{
-    {{u"brighter", u"brighten"}, "exposure:0.3:1"_L1},
-    {{u"darker", u"darken"}, "exposure:-0.3:1"_L1},
-    {{u"warmer", u"warm up"}, "temperature:500:1"_L1},
-    {{u"cooler", u"cool down"}, "temperature:-500:1"_L1},
-    {{u"more contrast", u"contrastier"}, "contrast:10:1"_L1},
-}};
 
 /// "apply NAME preset". An article alone is no name: "apply the preset NAME" has another form.
 std::optional<QString> presetNameInBrackets(const LowercasedText &request)
@@ -122,7 +86,7 @@ std::optional<QString> presetName(const LowercasedText &request)
 
 std::optional<QString> cullType(const LowercasedText &request)
 {
-    return valueOfFirstPhrase(request.lower(), cullTable);
+    return valueOfFirstPhrase(request.lower(), CommandTables::batchCullTable);
 }
 
 std::optional<int> ratingValue(const LowercasedText &request)
@@ -138,7 +102,7 @@ std::optional<ParsedLightroomSliderCommand> sliderCommand(const LowercasedText &
 std::optional<QString> inferredBatchAdjustments(const LowercasedText &request)
 {
     QStringList adjustments;
-    for (const LookRow &look : lookTable) {
+    for (const CommandTables::LookRow &look : CommandTables::lookTable) {
         if (containsAny(request.lower(), look.phrases)) {
             adjustments.append(look.adjustment);
         }
@@ -185,12 +149,12 @@ std::optional<ImportedPhotoBatchIntent> importedPhotoBatchIntent(const QString &
 
 bool referencesImportedPhotoSelection(QStringView lower)
 {
-    return containsAny(lower, selectionPhrases);
+    return containsAny(lower, CommandTables::importedPhotoPhrases);
 }
 
 bool meansAllImportedPhotos(QStringView lower)
 {
-    return containsAny(lower, allPhotosPhrases);
+    return containsAny(lower, CommandTables::allImportedPhotosPhrases);
 }
 
 bool isImportedPhotoTargetableAction(const QString &action)

@@ -20,7 +20,7 @@ bool referencesLightroomAction(QStringView lower)
 
 bool setsAbsoluteValue(QStringView lower)
 {
-    return lower.contains(u" set ") || lower.startsWith(u"set ");
+    return lower.contains(absoluteWord) || lower.startsWith(absoluteWord.sliced(1));
 }
 
 double signedChange(QStringView lower, double number)

@@ -1,26 +1,20 @@
 #include "Services/Lightroom/Language/PromptRouter.h"
 
+#include "Services/Lightroom/Language/CommandTables.h"
 #include "Services/Lightroom/Language/ImportedPhotoBatchParser.h"
 #include "Services/Lightroom/Language/LightroomCommandParser.h"
 #include "Services/Lightroom/Language/LightroomPhrases.h"
-#include "Support/PhraseTable.h"
 #include "Support/TextTrimming.h"
 
 namespace KelvaLR {
 
 namespace {
 
-constexpr PhraseList<3> connectionTestPhrases{
-    u"test lightroom connection",
-    u"check lightroom connection",
-    u"lightroom connection test",
-};
-
 bool isLightroomConnectionTest(const LowercasedText &request)
 {
     QString lower = request.lower();
     lower.replace(u'-', u' ');
-    return containsAny(lower, connectionTestPhrases) ||
+    return containsAny(lower, CommandTables::connectionTestPhrases) ||
            (lower.contains(u"lightroom status") && lower.contains(u"connection"));
 }
 
