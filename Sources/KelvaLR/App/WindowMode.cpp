@@ -56,7 +56,7 @@ void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QStr
 class Program
 {
 public:
-    Program(AppIntentRouter &router)
+    explicit Program(AppIntentRouter &router)
         : m_router(router)
     {
     }
