@@ -1,6 +1,7 @@
 #!/usr/bin/python3
-"""window-element.py NAME: waits until a window of kelvalr shows an element with this accessible name, and prints
-the centre of the element on the screen as "X Y". Its status is 1 when none has come within 20 seconds."""
+"""window-element.py NAME [gone]: waits until a window of kelvalr shows an element with this accessible name, and
+prints the centre of the element on the screen as "X Y"; or, with "gone", until none is shown any more. Its status is 1
+when that has not come within 20 seconds."""
 import sys
 import time
 
@@ -29,11 +30,15 @@ def application():
     return next((program for program in programs if program and program.get_name() == "KelvaLR"), None)
 
 
+is_gone_wanted = sys.argv[2:] == ["gone"]
 deadline = time.monotonic() + 20
 while time.monotonic() < deadline:
     try:
         program = application()
-        if program and (element := shown(program, sys.argv[1])):
+        element = shown(program, sys.argv[1]) if program else None
+        if is_gone_wanted and program and not element:
+            sys.exit(0)
+        if element and not is_gone_wanted:
             place = element.get_extents(Atspi.CoordType.SCREEN)
             print(place.x + place.width // 2, place.y + place.height // 2)
             sys.exit(0)
@@ -41,5 +46,5 @@ while time.monotonic() < deadline:
         pass  # what was being read has gone; the next look reads anew
     time.sleep(0.05)
     Atspi.get_desktop(0).clear_cache()
-print(f'No element "{sys.argv[1]}" is shown.', file=sys.stderr)
+print(f'{"An" if is_gone_wanted else "No"} element "{sys.argv[1]}" is shown.', file=sys.stderr)
 sys.exit(1)
