@@ -9,6 +9,7 @@
 #include "Platform/Unavailable/UnavailableAppearance.h"
 #include "ResidentMemory.h"
 #include "Services/Assistant/AssistantActionRunner.h"
+#include "Services/Lightroom/LightroomConnectionWatch.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Stores/AppModel.h"
 #include "Support/LightroomRig.h"
@@ -78,6 +79,7 @@ struct Workspace
 
     LightroomRig lightroom;
     MacComputerUseService computerUse{*lightroom.service, lightroom.automation, lightroom.applications};
+    LightroomConnectionWatch connection{*lightroom.service, lightroom.applications, lightroom.listening};
     AssistantActionRunner actions{*lightroom.service, computerUse};
     ScriptedAssistantProvider assistant;
     RecordingRealtimeVoiceService realtime;
@@ -85,8 +87,8 @@ struct Workspace
     RecordingSpokenFeedback speech;
     QTemporaryDir folder;
     SettingsPreferences preferences{folder.filePath(u"KelvaLR.ini"_s)};
-    AppModel model{{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, actions,
-                    lightroom.applications, preferences}};
+    AppModel model{{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, connection,
+                    actions, lightroom.applications, preferences}};
     AppIntentRouter router;
     UnavailableAppearance appearance;
     MainWindowHost host{{model, router, preferences, *lightroom.service, appearance}};

@@ -59,6 +59,22 @@ shows() {
     "$(dirname "${BASH_SOURCE[0]}")/window-element.py" "$1" >/dev/null || { cat "$work/kelvalr.err" >&2; exit 1; }
 }
 
+# hides TEXT: waits until that window does not show it any more
+hides() {
+    "$(dirname "${BASH_SOURCE[0]}")/window-element.py" --gone "$1" || { cat "$work/kelvalr.err" >&2; exit 1; }
+}
+
+# element NAME: where that window shows it, as "X Y"; ends the test when it does not within the deadline
+element() { "$(dirname "${BASH_SOURCE[0]}")/window-element.py" "$1" || { cat "$work/kelvalr.err" >&2; exit 1; }; }
+
+# click NAME [KEY]: with the left button, while the key is held
+click() {
+    local found place
+    found=$(element "$1")
+    read -ra place <<<"$found"
+    xdotool mousemove "${place[@]}" ${2:+keydown "$2"} click 1 ${2:+keyup "$2"}
+}
+
 # record_speaker: from now on into $work/speaker, by the process $recorder_pid
 record_speaker() {
     parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""window-element.py [--text] NAME: waits until a window of kelvalr shows an element with this accessible name, and
-prints the centre of the element on the screen as "X Y"; with --text what it holds, after "focused " when it has the
-keyboard. Its status is 1 when none has come within 20 seconds."""
+"""window-element.py [--text|--gone] NAME: waits until a window of kelvalr shows an element with this accessible name,
+and prints the centre of the element on the screen as "X Y"; with --text what it holds, after "focused " when it has the
+keyboard. With --gone it waits until none is shown any more. Its status is 1 when that has not come within 20 seconds."""
 import sys
 import time
 
@@ -35,15 +35,18 @@ def held_text(element):
     return ("focused " if element.get_state_set().contains(Atspi.StateType.FOCUSED) else "") + text
 
 
-name = sys.argv[-1]
+option, name = [None, *sys.argv[1:]][-2:]
 deadline = time.monotonic() + 20
 while time.monotonic() < deadline:
     try:
         program = application()
-        if program and (element := shown(program, name)):
-            if sys.argv[1] == "--text":
-                print(held_text(element))
-                sys.exit(0)
+        element = shown(program, name) if program else None
+        if option == "--gone" and program and not element:
+            sys.exit(0)
+        if option == "--text" and element:
+            print(held_text(element))
+            sys.exit(0)
+        if option is None and element:
             place = element.get_extents(Atspi.CoordType.SCREEN)
             print(place.x + place.width // 2, place.y + place.height // 2)
             sys.exit(0)
@@ -51,5 +54,5 @@ while time.monotonic() < deadline:
         pass  # what was being read has gone; the next look reads anew
     time.sleep(0.05)
     Atspi.get_desktop(0).clear_cache()
-print(f'No element "{name}" is shown.', file=sys.stderr)
+print(f'{"An" if option == "--gone" else "No"} element "{name}" is shown.', file=sys.stderr)
 sys.exit(1)

@@ -12,17 +12,6 @@ end_window() {
 }
 trap 'end_window; cleanup' EXIT
 
-# element NAME: where the window shows it, as "X Y"; ends the test when it does not within the deadline
-element() { "$here/window-element.py" "$1" || { cat "$work/kelvalr.err" >&2; exit 1; }; }
-
-# click NAME [KEY]: with the left button, while the key is held
-click() {
-    local found place
-    found=$(element "$1")
-    read -ra place <<<"$found"
-    xdotool mousemove "${place[@]}" ${2:+keydown "$2"} click 1 ${2:+keyup "$2"}
-}
-
 # request TEXT ANSWER: types it into the composer and waits until the window shows the answer
 request() {
     click "Ask KelvaLR"

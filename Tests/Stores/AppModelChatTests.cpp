@@ -16,7 +16,7 @@ protected:
     AppModelChatTest()
     {
         model = std::make_unique<AppModel>(AppModelServices{*provider, computerUse, realtime, wakePhrase,
-                                                            speech, *lightroom.service, actions,
+                                                            speech, *lightroom.service, connection, actions,
                                                             lightroom.applications, preferences});
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Services/Assistant/AssistantActionRunner.h"
+#include "Services/Lightroom/LightroomConnectionWatch.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Stores/AppModel.h"
 #include "Support/LightroomRig.h"
@@ -55,6 +56,12 @@ protected:
 
     LightroomRig lightroom;
     MacComputerUseService computerUse{*lightroom.service, lightroom.automation, lightroom.applications};
+    LightroomConnectionWatch connection{*lightroom.service,
+                                        lightroom.applications,
+                                        lightroom.listening,
+                                        {.gap = std::chrono::milliseconds(1),
+                                         .follow = std::chrono::milliseconds(20),
+                                         .loading = std::chrono::milliseconds(0)}};
     AssistantActionRunner actions{*lightroom.service, computerUse};
     ScriptedAssistantProvider assistant;
     RecordingRealtimeVoiceService realtime;
@@ -62,8 +69,8 @@ protected:
     RecordingSpokenFeedback speech;
     MemoryPreferences preferences;
     std::unique_ptr<AppModel> model = std::make_unique<AppModel>(
-        AppModelServices{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, actions,
-                         lightroom.applications, preferences});
+        AppModelServices{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, connection,
+                         actions, lightroom.applications, preferences});
 };
 
 } // namespace KelvaLR::Testing

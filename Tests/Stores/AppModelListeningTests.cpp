@@ -30,7 +30,7 @@ protected:
     void makeModel(RealtimeVoiceService &session)
     {
         model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, session, listener, speech,
-                                                            *lightroom.service, actions,
+                                                            *lightroom.service, connection, actions,
                                                             lightroom.applications, preferences});
     }
 

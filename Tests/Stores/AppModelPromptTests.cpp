@@ -61,8 +61,8 @@ TEST_F(AppModelPromptTest, saysHowToConnectWhenNothingListens)
                                  lightroom.automation, LightroomPluginInstaller(lightroom.modules.path()),
                                  lightroom.log, lightroom.plugin.endpoint(), impatientTiming());
     model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase, speech,
-                                                        unreachable, actions, lightroom.applications,
-                                                        preferences});
+                                                        unreachable, connection, actions,
+                                                        lightroom.applications, preferences});
     submit(u"check lightroom connection"_s);
     EXPECT_EQ(
         answers(),
@@ -196,7 +196,7 @@ TEST_F(AppModelPromptTest, aModelThatDiesWhileARequestRunsTakesNothingWithIt)
         model->setPromptText(text);
         model->submitPrompt();
         model = std::make_unique<AppModel>(AppModelServices{assistant, computerUse, realtime, wakePhrase,
-                                                            speech, *lightroom.service, actions,
+                                                            speech, *lightroom.service, connection, actions,
                                                             lightroom.applications, preferences});
     }
     submit(u"set contrast to 2"_s); // by then every earlier task has come back to a model that is gone

@@ -75,6 +75,15 @@ QCoro::Task<> FakeLightroomMenus::openPluginManager()
     m_journal.append(u"plug-in manager"_s);
 }
 
+QCoro::Task<PortListener> FakeListeningPrograms::listenerOn(quint16)
+{
+    ++questions;
+    whenAsked();
+    PortListener answer = listener; // a question may outlive the test that asked it
+    co_await QCoro::sleepFor(0ms);
+    co_return answer;
+}
+
 BridgeTiming impatientTiming()
 {
     return {.send = 250ms,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/LightroomMenus.h"
+#include "Platform/ListeningPrograms.h"
 #include "Platform/RunningApplications.h"
 #include "Services/Automation/UIAutomationService.h"
 #include "Services/Lightroom/LightroomService.h"
@@ -58,6 +59,17 @@ private:
     QStringList &m_journal;
 };
 
+/// Says that Lightroom listens, until it is told otherwise.
+class FakeListeningPrograms final : public ListeningPrograms
+{
+public:
+    QCoro::Task<PortListener> listenerOn(quint16 port) override;
+
+    PortListener listener{PortListener::Presence::present, {{QStringLiteral("Lightroom.exe"), 4711}}};
+    std::function<void()> whenAsked = [] {};
+    int questions = 0;
+};
+
 /// Waits that end soon where an answer is missing and are long enough for one that comes.
 [[nodiscard]] BridgeTiming impatientTiming();
 
@@ -74,6 +86,7 @@ struct LightroomRig
     FakeAccessibility accessibility{journal};
     RecordingInputEvents inputEvents{journal};
     FakeLightroomMenus menus{journal};
+    FakeListeningPrograms listening;
     UIAutomationService automation{accessibility, inputEvents, applications};
     QTemporaryDir modules;
     DebugLog log{modules.filePath(QStringLiteral("app_debug.log"))};

@@ -22,7 +22,8 @@ KelvaLRApp::KelvaLRApp(std::FILE *diagnostics, Speech speech)
     , m_assistantActions(m_lightroomService, m_computerUseService)
     , m_speech(speech == Speech::on ? std::make_unique<LocalSpeech>(m_audioThread) : nullptr)
     , m_model({m_assistantProvider, m_computerUseService, m_realtimeVoiceService, wakePhraseListener(),
-               spokenFeedback(), m_lightroomService, m_assistantActions, m_applications, m_preferences})
+               spokenFeedback(), m_lightroomService, m_lightroomConnection, m_assistantActions,
+               m_applications, m_preferences})
 {
 }
 

@@ -6,6 +6,7 @@
 #include "Platform/Linux/AtSpiAccessibility.h"
 #include "Platform/Linux/AudioThread.h"
 #include "Platform/Linux/DesktopApplications.h"
+#include "Platform/Linux/ProcListeningPrograms.h"
 #include "Platform/Linux/QtAudioInput.h"
 #include "Platform/Linux/QtAudioOutput.h"
 #include "Platform/Linux/SettingsPreferences.h"
@@ -16,6 +17,7 @@
 #include "Services/Assistant/OpenAIAssistantProvider.h"
 #include "Services/Assistant/Realtime/OpenAIRealtimeVoiceService.h"
 #include "Services/Automation/UIAutomationService.h"
+#include "Services/Lightroom/LightroomConnectionWatch.h"
 #include "Services/Lightroom/LightroomService.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Services/Speech/SilentVoice.h"
@@ -54,6 +56,7 @@ private:
     X11Connection m_x11;
     ComputerControlConsent m_consent{m_preferences, m_x11};
     DesktopApplications m_applications{m_x11};
+    ProcListeningPrograms m_listeningPrograms;
     AccessibilityBus m_accessibilityBus;
     AtSpiAccessibility m_accessibility;
     WindowPing m_windowPing;
@@ -65,6 +68,7 @@ private:
 
     UIAutomationService m_automation;
     LightroomService m_lightroomService;
+    LightroomConnectionWatch m_lightroomConnection{m_lightroomService, m_applications, m_listeningPrograms};
     MacComputerUseService m_computerUseService;
 
     OpenAIAccess m_openAIAccess;

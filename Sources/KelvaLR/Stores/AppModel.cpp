@@ -2,6 +2,7 @@
 
 #include "Services/Assistant/AssistantProvider.h"
 #include "Services/Assistant/RealtimeVoiceService.h"
+#include "Services/Lightroom/LightroomConnectionWatch.h"
 #include "Services/Speech/WakePhraseListener.h"
 #include "Support/DetachedTask.h"
 
@@ -14,6 +15,8 @@ AppModel::AppModel(const AppModelServices &services, QObject *parent)
     , m_services(services)
     , m_assistantProviderKind(services.assistantProvider.kind())
 {
+    connect(&services.lightroomConnection, &LightroomConnectionWatch::connectionChanged, this,
+            &AppModel::updateLightroomHint);
     configureRealtimeVoice();
     configureWakeWordVoice();
     startWakeWordListening();

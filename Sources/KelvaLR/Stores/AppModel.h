@@ -10,6 +10,7 @@
 #include "Models/RealtimeVoiceState.h"
 #include "Services/Lightroom/Language/ImportedPhotoBatchIntent.h"
 #include "Services/Lightroom/Language/PromptRouter.h"
+#include "Services/Lightroom/LightroomConnection.h"
 
 #include <QCoroTask>
 
@@ -24,6 +25,7 @@ namespace KelvaLR {
 
 class AssistantActionRunner;
 class AssistantProvider;
+class LightroomConnectionWatch;
 class LightroomService;
 class MacComputerUseService;
 class Preferences;
@@ -43,6 +45,7 @@ struct AppModelServices
     WakePhraseListener &wakeWordVoiceService;
     SpokenFeedback &speechFeedbackService;
     LightroomService &lightroomService;
+    LightroomConnectionWatch &lightroomConnection;
     AssistantActionRunner &assistantActions;
     RunningApplications &applications;
     const Preferences &preferences;
@@ -106,6 +109,9 @@ public:
     /// The selected photos, in the order of `importedPhotos`.
     [[nodiscard]] QList<ImportedPhotoAsset> selectedImportedPhotos() const;
 
+    /// What keeps requests from reaching Lightroom; none when nothing does, or once the user has seen enough.
+    [[nodiscard]] std::optional<LightroomConnection> lightroomHint() const;
+
     void setPromptText(const QString &text);
     void setSelectedArtifactID(std::optional<QUuid> id);
 
@@ -131,6 +137,13 @@ public:
     [[nodiscard]] std::optional<QStringList>
     importedPhotoTargetPaths(const RealtimeImportedPhotoTargetRequest &request) const;
 
+    /// Finds out anew whether requests can reach Lightroom. Nothing is found out before the first call.
+    void lookAtLightroom();
+    /// Keeps the hint away until it becomes another one.
+    void dismissLightroomHint();
+    /// Opens an installed Lightroom and says how that went; does nothing while a request runs.
+    void openLightroom();
+
     /// Switches between written and spoken work; `voice` starts the realtime session, or stops a running one.
     void setMode(InputMode mode);
     void startComputerUseVoiceMode();
@@ -151,6 +164,7 @@ Q_SIGNALS:
     void selectedArtifactIDChanged();
     void importedPhotosChanged();
     void selectedImportedPhotoIDsChanged();
+    void lightroomHintChanged();
     /// Emitted after the list holds the new entry.
     void messageAppended(const KelvaLR::ConversationMessage &message);
     void artifactAppended(const KelvaLR::Artifact &artifact);
@@ -177,6 +191,10 @@ private:
     QCoro::Task<> askAssistant(QString text);
     QCoro::Task<> runAssistantAction(AssistantAction action);
     void showArtifactAndSpeak(const ComputerUseResult &result, Speak speak);
+
+    // AppModelLightroom.cpp
+    void updateLightroomHint();
+    QCoro::Task<> openInstalledLightroom();
 
     // AppModelSpeech.cpp
     void answer(const QString &content);
@@ -220,6 +238,7 @@ private:
     QSet<QUuid> m_selectedImportedPhotoIDs;
     /// The message that the current voice reply is written into.
     std::optional<QUuid> m_realtimeTranscriptMessageID;
+    std::optional<LightroomConnection> m_dismissedHint;
 };
 
 } // namespace KelvaLR

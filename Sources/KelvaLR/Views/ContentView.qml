@@ -9,6 +9,8 @@ Item {
 
     required property ConversationViewModel conversation
     required property ArtifactViewModel artifact
+    required property SettingsViewModel settings
+    required property LightroomHintViewModel lightroomHint
     property bool isArtifactVisible: true
 
     readonly property real panelWidth: Math.max(412, Math.min(520, 0.37 * width))
@@ -18,6 +20,8 @@ Item {
         anchors.right: panel.left
         height: parent.height
         model: root.conversation
+        settings: root.settings
+        lightroomHint: root.lightroomHint
         onImportRequested: chooser.open()
     }
     Item {

@@ -4,11 +4,20 @@ import QtQuick
 import QtQuick.Controls.Basic
 import KelvaLR
 
-/// The microphone control, the voice status and the composer.
+/// The microphone control, the voice status and the composer, above it what keeps requests from Lightroom.
 Rectangle {
     id: root
 
     required property ConversationViewModel model
+    required property SettingsViewModel settings
+    required property LightroomHintViewModel lightroomHint
+
+    /// How far the hint is there: the block moves out of its way while it fades in.
+    property real hintPresence: lightroomHint.isShown ? 1 : 0
+
+    Behavior on hintPresence {
+        NumberAnimation { duration: Theme.quickly; easing.type: Easing.OutCubic }
+    }
 
     signal importRequested
 
@@ -18,9 +27,10 @@ Rectangle {
         id: block
 
         readonly property real space: Math.min(620, root.width - 16 * Theme.unit)
+        readonly property real floor: composer.y - root.hintPresence * (composer.y - hint.y)
 
         anchors.horizontalCenter: parent.horizontalCenter
-        y: Math.max(8 * Theme.unit, (composer.y - height) / 2)
+        y: Math.max(8 * Theme.unit, (block.floor - height) / 2)
         width: space
         spacing: 6 * Theme.unit
 
@@ -55,6 +65,19 @@ Rectangle {
         }
     }
 
+    LightroomHintView {
+        id: hint
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: composer.top
+        anchors.bottomMargin: 3 * Theme.unit
+        width: composer.width
+        model: root.lightroomHint
+        settings: root.settings
+        opacity: root.hintPresence
+        onDismissed: composer.focusPrompt()
+        visible: opacity > 0
+    }
     PromptComposerView {
         id: composer
 

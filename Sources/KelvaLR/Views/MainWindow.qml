@@ -11,6 +11,7 @@ ApplicationWindow {
     required property ConversationViewModel conversation
     required property ArtifactViewModel artifact
     required property SettingsViewModel settings
+    required property LightroomHintViewModel lightroomHint
     required property AppearanceViewModel appearance
 
     width: minimumWidth
@@ -106,6 +107,8 @@ ApplicationWindow {
         anchors.fill: parent
         conversation: root.conversation
         artifact: root.artifact
+        settings: root.settings
+        lightroomHint: root.lightroomHint
     }
 
     Loader {

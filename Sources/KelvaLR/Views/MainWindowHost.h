@@ -3,6 +3,7 @@
 #include "Views/ViewModels/AppearanceViewModel.h"
 #include "Views/ViewModels/ArtifactViewModel.h"
 #include "Views/ViewModels/ConversationViewModel.h"
+#include "Views/ViewModels/LightroomHintViewModel.h"
 #include "Views/ViewModels/SettingsViewModel.h"
 
 #include <QQmlApplicationEngine>
@@ -39,9 +40,12 @@ public:
     [[nodiscard]] QQmlApplicationEngine &engine() { return m_engine; }
 
 private:
+    void watchLightroom();
+
     ConversationViewModel m_conversation;
     ArtifactViewModel m_artifact;
     SettingsViewModel m_settings;
+    LightroomHintViewModel m_lightroomHint;
     AppearanceViewModel m_appearance;
     QQmlApplicationEngine m_engine;
 };

@@ -3,16 +3,14 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls.Basic
 
-/// A button across its whole row.
+/// A button that says in words what it does, across its whole row unless it is given a width.
 AbstractButton {
     id: root
 
-    property bool isBusy: false
-
     width: parent.width
+    implicitWidth: contentItem.implicitWidth + 6 * Theme.unit
     implicitHeight: 34
     hoverEnabled: true
-    enabled: !isBusy
     font.pixelSize: Theme.bodySize
     Accessible.role: Accessible.Button
     Accessible.name: text
@@ -22,7 +20,7 @@ AbstractButton {
         text: root.text
         font: root.font
         color: Theme.text
-        opacity: root.isBusy ? 0.5 : 1
+        opacity: root.enabled ? 1 : 0.5
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight

@@ -21,6 +21,11 @@ Column {
     padding: 20
     spacing: 6 * Theme.unit
 
+    LightroomActions {
+        id: actions
+
+        settings: root.model
+    }
     SettingsSection {
         width: root.width - 2 * root.padding
         title: qsTr("Conversation")
@@ -78,21 +83,16 @@ Column {
             }
         }
         SettingsButton {
-            text: qsTr("Install Lightroom Classic Plugin")
-            onClicked: root.model.installPlugin()
+            action: actions.installPlugin
         }
         SettingsButton {
-            text: qsTr("Open Lightroom Plug-in Manager")
-            onClicked: root.model.openPluginManager()
+            action: actions.openPluginManager
         }
         SettingsButton {
-            text: qsTr("Reveal Installed Plugin")
-            onClicked: root.model.revealInstalledPlugin()
+            action: actions.revealInstalledPlugin
         }
         SettingsButton {
-            text: qsTr("Test Lightroom Connection")
-            isBusy: root.model.isTesting
-            onClicked: root.model.testConnection()
+            action: actions.testConnection
         }
         SettingsNote {
             text: root.model.resultText

@@ -17,13 +17,14 @@ QtObject {
     readonly property color accent: isDark ? "#3B8CFF" : "#0A6CFF"
     readonly property color success: isDark ? "#3DD06B" : "#1A7F3C"
     readonly property color failure: isDark ? "#FF6159" : "#D92D20"
+    readonly property color attention: isDark ? "#FFA033" : "#D97706"
     readonly property color accentText: "#FFFFFF"
     readonly property color scrim: "#B8000000"
 
     /// By the raw value of the voice state.
     readonly property var voiceColors: ({
             "idle": accent,
-            "connecting": isDark ? "#FFA033" : "#D97706",
+            "connecting": attention,
             "recording": isDark ? "#3DD06B" : "#1E9E4A",
             "speaking": isDark ? "#4CCBE6" : "#0891B2",
             "failed": failure

@@ -9,6 +9,7 @@ AbstractButton {
 
     required property string systemName
     required property string help
+    property int symbolSize: 16
 
     implicitWidth: 32
     implicitHeight: 28
@@ -22,7 +23,7 @@ AbstractButton {
         Symbol {
             anchors.centerIn: parent
             name: root.systemName
-            size: 16
+            size: root.symbolSize
             color: Theme.secondaryText
         }
     }

@@ -27,7 +27,16 @@ qint64 parentOf(qint64 processId)
 
 QString programName(qint64 processId)
 {
-    return processId > 0 ? QString::fromUtf8(contents(processId, "comm"_L1)).trimmed() : QString();
+    if (processId <= 0) {
+        return {};
+    }
+    const QByteArray name = contents(processId, "comm"_L1).trimmed();
+    // The kernel keeps the first 15 bytes; the command line begins with the whole name.
+    constexpr qsizetype longestKept = 15;
+    const QByteArray path =
+        name.size() < longestKept ? QByteArray() : contents(processId, "cmdline"_L1).split('\0').constFirst();
+    const QByteArray whole = path.sliced(path.lastIndexOf('/') + 1);
+    return QString::fromUtf8(whole.startsWith(name) ? whole : name).simplified();
 }
 
 bool descendsFrom(qint64 processId, qint64 ancestor)

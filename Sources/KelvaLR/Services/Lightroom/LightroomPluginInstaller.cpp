@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <array>
 
 namespace KelvaLR {
@@ -48,6 +49,12 @@ QString LightroomPluginInstaller::defaultModulesFolder()
 QString LightroomPluginInstaller::pluginFolder() const
 {
     return m_modulesFolder + "/KelvaLR.lrplugin"_L1;
+}
+
+bool LightroomPluginInstaller::isInPlace() const
+{
+    return std::ranges::all_of(
+        pluginFiles, [folder = QDir(pluginFolder())](QLatin1StringView name) { return folder.exists(name); });
 }
 
 std::expected<void, QString> LightroomPluginInstaller::install() const

@@ -18,6 +18,9 @@ public:
     /// The plug-in's own folder, whether or not it exists.
     [[nodiscard]] QString pluginFolder() const;
 
+    /// Whether every file of the plug-in is there, whatever it holds.
+    [[nodiscard]] bool isInPlace() const;
+
     /// Writes every file of the plug-in, each whole or not at all, over what is there. The error is a
     /// sentence; files written before it stay.
     [[nodiscard]] std::expected<void, QString> install() const;

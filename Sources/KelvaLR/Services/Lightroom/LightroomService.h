@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Services/Lightroom/Bridge/BridgeEndpoint.h"
+#include "Services/Lightroom/Bridge/BridgeExchange.h"
 #include "Services/Lightroom/Bridge/BridgeTiming.h"
 #include "Services/Lightroom/Bridge/LightroomPluginCommand.h"
 #include "Services/Lightroom/Language/ParsedLightroomSliderCommand.h"
@@ -60,6 +61,12 @@ public:
     /// A command is between send and reply.
     [[nodiscard]] bool isCommandInFlight() const { return m_isCommandInFlight; }
 
+    /// How the last command to the plug-in ended.
+    [[nodiscard]] BridgeExchange lastExchange() const { return m_lastExchange; }
+
+    /// Where the plug-in listens.
+    [[nodiscard]] quint16 bridgePort() const { return m_endpoint.port; }
+
     // The bridge.
 
     /// Sends one command, after those in flight, and gives the reply's text as it is. None when the command
@@ -105,6 +112,9 @@ public:
     /// How the last installation went.
     [[nodiscard]] bool isPluginInstalled() const { return m_isPluginInstalled; }
 
+    /// Whether all of the plug-in's files are in its folder now.
+    [[nodiscard]] bool isPluginInPlace() const { return m_installer.isInPlace(); }
+
     /// Shows the plug-in's folder in the file manager.
     void revealInstalledPlugin();
 
@@ -114,6 +124,8 @@ public:
 Q_SIGNALS:
     void isPluginConnectedChanged();
     void lastMessageChanged();
+    /// A connection test or an operation is done with the plug-in, with or without an answer.
+    void exchangeEnded();
 
 private:
     class CommandInFlight;
@@ -141,6 +153,7 @@ private:
     bool m_isPluginConnected = false;
     bool m_isPluginInstalled = false;
     bool m_isCommandInFlight = false;
+    BridgeExchange m_lastExchange = BridgeExchange::none;
     QString m_lastMessage;
 };
 

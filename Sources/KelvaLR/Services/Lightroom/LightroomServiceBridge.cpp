@@ -37,6 +37,23 @@ private:
     QPointer<LightroomService> m_service;
 };
 
+namespace {
+
+BridgeExchange exchange(Sending sending, bool isAnswered)
+{
+    switch (sending) {
+    case Sending::refused:
+        return BridgeExchange::refused;
+    case Sending::notTaken:
+        return BridgeExchange::notTaken;
+    case Sending::delivered:
+        return isAnswered ? BridgeExchange::answered : BridgeExchange::unanswered;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
 QCoro::Task<std::optional<QString>> LightroomService::sendPluginCommand(LightroomPluginCommand command)
 {
     const QPointer<LightroomService> self(this);
@@ -55,12 +72,14 @@ QCoro::Task<std::optional<QString>> LightroomService::sendPluginCommand(Lightroo
     ReplyMailbox mailbox(m_endpoint, command.requestID, m_timing);
     mailbox.discard();
     std::optional<QString> reply;
-    if (co_await sendCommand(m_endpoint, m_timing, *json)) {
+    const Sending sending = co_await sendCommand(m_endpoint, m_timing, *json);
+    if (sending == Sending::delivered) {
         reply = co_await mailbox.takeReply(self);
     }
     if (!self) {
         co_return std::nullopt;
     }
+    m_lastExchange = exchange(sending, reply.has_value());
     setPluginConnected(reply.has_value());
     if (reply) {
         setLastMessage(formattedPluginResponse(*reply));
@@ -77,10 +96,12 @@ QCoro::Task<bool> LightroomService::ping(AutoStart autoStart)
     }
     if (reply && reply->contains("pong"_L1)) {
         setPluginConnected(true);
+        Q_EMIT exchangeEnded();
         co_return true;
     }
     if (autoStart == AutoStart::no) {
         setPluginConnected(false);
+        Q_EMIT exchangeEnded();
         co_return false;
     }
     co_await startLightroomBridgeFromMenu();

@@ -133,6 +133,9 @@ QCoro::Task<QString> LightroomService::perform(LightroomOperation operation)
         if (self) {
             reply = co_await sendPluginCommand(operation.command);
         }
+        if (self) {
+            Q_EMIT exchangeEnded();
+        }
     }
     if (!self) {
         co_return QString();

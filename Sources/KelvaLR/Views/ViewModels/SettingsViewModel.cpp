@@ -83,16 +83,19 @@ void SettingsViewModel::installPlugin()
             ? u"Plugin installed. Add it in Lightroom Classic's Plug-in Manager if it is not listed, then "
               "restart Lightroom Classic."_s
             : u"Installation failed."_s);
+    Q_EMIT pluginTended();
 }
 
 void SettingsViewModel::openPluginManager()
 {
     startDetached(m_lightroom.openPluginManager());
+    Q_EMIT pluginTended();
 }
 
 void SettingsViewModel::revealInstalledPlugin()
 {
     m_lightroom.revealInstalledPlugin();
+    Q_EMIT pluginTended();
 }
 
 void SettingsViewModel::testConnection()

@@ -64,6 +64,8 @@ Q_SIGNALS:
     void isPluginConnectedChanged();
     void resultChanged();
     void isTestingChanged();
+    /// The plug-in may be about to come: it was installed, shown, or its manager opened.
+    void pluginTended();
 
 private:
     void setPreference(Preference preference, bool isOn);

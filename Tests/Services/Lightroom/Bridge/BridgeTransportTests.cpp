@@ -17,7 +17,7 @@ TEST(BridgeTransportTest, deliversEveryByteOfALongLineBeforeItCloses)
 {
     ScriptedPlugin plugin;
     const QString json = u"{\"text\":\"Ü"_s + QString(8'000'000, u'x') + u"\"}"_s;
-    EXPECT_TRUE(waitForTask(sendCommand(plugin.endpoint(), patientTiming(), json)));
+    EXPECT_EQ(waitForTask(sendCommand(plugin.endpoint(), patientTiming(), json)), Sending::delivered);
     ASSERT_TRUE(waitUntil([&] { return !plugin.lines().isEmpty(); }));
     EXPECT_EQ(plugin.lines().constFirst(), json.toUtf8());
 }
@@ -27,7 +27,7 @@ TEST(BridgeTransportTest, connectsAsSoonAsThePluginListens)
     ScriptedPlugin plugin;
     plugin.stopListening();
     QTimer::singleShot(100ms, &plugin, [&] { plugin.listenAgain(); });
-    EXPECT_TRUE(waitForTask(sendCommand(plugin.endpoint(), patientTiming(), u"{}"_s)));
+    EXPECT_EQ(waitForTask(sendCommand(plugin.endpoint(), patientTiming(), u"{}"_s)), Sending::delivered);
     EXPECT_TRUE(waitUntil([&] { return plugin.lines() == QList<QByteArray>{"{}"}; }));
 }
 
@@ -36,7 +36,8 @@ TEST(BridgeTransportTest, deliversEveryCommandToAPluginThatPausesBetweenClients)
     ScriptedPlugin plugin;
     plugin.pauseAfterEachClient(150ms);
     for (int round = 0; round < 4; ++round) {
-        EXPECT_TRUE(waitForTask(sendCommand(plugin.endpoint(), patientTiming(), QString::number(round))));
+        EXPECT_EQ(waitForTask(sendCommand(plugin.endpoint(), patientTiming(), QString::number(round))),
+                  Sending::delivered);
         ASSERT_TRUE(waitUntil([&] { return plugin.lines().size() == round + 1; }));
     }
     EXPECT_EQ(plugin.lines(), (QList<QByteArray>{"0", "1", "2", "3"}));
@@ -57,8 +58,8 @@ TEST(BridgeTransportTest, givesUpInTimeWithoutHoldingTheEventLoop)
         ticker.start(10ms);
         QElapsedTimer clock;
         clock.start();
-        EXPECT_FALSE(
-            waitForTask(sendCommand(plugin->endpoint(), impatientTiming(), moreThanTheNetworkHolds)));
+        EXPECT_EQ(waitForTask(sendCommand(plugin->endpoint(), impatientTiming(), moreThanTheNetworkHolds)),
+                  plugin == &refusing ? Sending::refused : Sending::notTaken);
         EXPECT_GE(clock.elapsed(), impatientTiming().send.count() * 9 / 10);
         EXPECT_LT(clock.elapsed(), 5000);
         EXPECT_GT(turns, 3);
@@ -77,7 +78,8 @@ TEST(BridgeTransportTest, doesNotSendAgainWhatAPluginHasBegunToRead)
         QObject::connect(client, &QTcpSocket::readyRead, client, [client] { client->abort(); });
     });
     const BridgeEndpoint endpoint{.port = server.serverPort()};
-    EXPECT_FALSE(waitForTask(sendCommand(endpoint, patientTiming(), QString(16'000'000, u'x'))));
+    EXPECT_EQ(waitForTask(sendCommand(endpoint, patientTiming(), QString(16'000'000, u'x'))),
+              Sending::notTaken);
     EXPECT_EQ(clients, 1);
 }
 

@@ -22,7 +22,7 @@ milliseconds remaining(QDeadlineTimer deadline)
 }
 
 /// How far one attempt came.
-enum class Delivery { nothingWritten, dropped, delivered };
+enum class Delivery { refused, nothingWritten, dropped, delivered };
 
 /// One attempt to hand a line over. Lives in the frame of the coroutine that runs it.
 class Connection
@@ -51,7 +51,8 @@ public:
             co_await nextChange();
         }
         if (!isConnected()) {
-            co_return Delivery::nothingWritten;
+            co_return m_socket.error() == QAbstractSocket::ConnectionRefusedError ? Delivery::refused
+                                                                                  : Delivery::nothingWritten;
         }
         m_socket.write(line);
         while (isConnected() && m_written < line.size() && !m_deadline.hasExpired()) {
@@ -86,21 +87,29 @@ private:
 
 } // namespace
 
-QCoro::Task<bool> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json)
+QCoro::Task<Sending> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json)
 {
     const QByteArray line = json.toUtf8() + '\n';
     const QDeadlineTimer deadline(timing.send);
+    Sending outcome = Sending::notTaken;
     while (!deadline.hasExpired()) {
         {
             Connection connection(deadline);
-            const Delivery delivery = co_await connection.deliver(endpoint, line);
-            if (delivery != Delivery::nothingWritten) {
-                co_return delivery == Delivery::delivered;
+            switch (co_await connection.deliver(endpoint, line)) {
+            case Delivery::refused:
+                outcome = Sending::refused;
+                break;
+            case Delivery::nothingWritten:
+                break;
+            case Delivery::dropped:
+                co_return Sending::notTaken;
+            case Delivery::delivered:
+                co_return Sending::delivered;
             }
         }
         co_await QCoro::sleepFor(std::min(timing.retry, remaining(deadline)));
     }
-    co_return false;
+    co_return outcome;
 }
 
 } // namespace KelvaLR

@@ -7,6 +7,9 @@
 
 namespace KelvaLR {
 
+/// How handing over a command ended: nobody listened, nobody took all of it in time, or it was taken.
+enum class Sending { refused, notTaken, delivered };
+
 /// Hands one command to the plug-in as a line over a connection of its own, closed once the network has taken
 /// every byte.
 ///
@@ -14,7 +17,7 @@ namespace KelvaLR {
 /// until the time for sending is over, but only while nothing has been written: a command is never sent
 /// twice. A line that could not be written to its end in time is dropped with its connection.
 /// @param json without a line feed
-/// @return whether the whole line was handed over. Main thread.
-QCoro::Task<bool> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json);
+/// Main thread.
+QCoro::Task<Sending> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json);
 
 } // namespace KelvaLR

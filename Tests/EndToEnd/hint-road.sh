@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# A photographer whose plug-in is not connected is told why, and what to do, until it is. Runs on
+# Scripts/desktop-session. With SCREENSHOT=PREFIX it leaves a picture of each case there.
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=Tests/EndToEnd/support.sh
+source "$here/support.sh"
+export QT_QUICK_BACKEND=software
+window_pid=
+other_pid=
+
+lightroom_pid() { cat "$work/lightroom.pid" 2>/dev/null || true; }
+
+end_programs() {
+    for pid in $window_pid $other_pid $(lightroom_pid); do
+        kill -CONT "$pid" 2>/dev/null && kill "$pid" 2>/dev/null || true
+    done
+}
+trap 'end_programs; cleanup' EXIT
+
+to_front() { timeout 20 xdotool windowactivate --sync "$window"; }
+
+# request TEXT ANSWER: types it into the composer and waits until the window shows the answer
+request() {
+    to_front
+    click "Ask KelvaLR"
+    xdotool type --delay 5 "$1"
+    xdotool key Return
+    shows "$2"
+}
+
+# hints NAME FINDING: waits until the window says so
+hints() {
+    shows "$2"
+    [ -z "${SCREENSHOT:-}" ] || { sleep 0.5; import -window "$window" "$SCREENSHOT-$1.png"; }
+}
+
+# The Lightroom that is installed here.
+cat >"$work/lightroom" <<SCRIPT
+#!/bin/sh
+echo \$\$ >"$work/lightroom.pid"
+exec "$standin" --photos "$work/photos"
+SCRIPT
+chmod +x "$work/lightroom"
+mkdir -p "$HOME/.local/share/applications" "$work/no-plugin"
+printf '[Desktop Entry]\nType=Application\nName=Adobe Lightroom Classic\nExec=%s\n' "$work/lightroom" \
+    >"$HOME/.local/share/applications/lightroom.desktop"
+"$standin" --sample-photos "$work/photos"
+"$kelvalr" --install-plugin >/dev/null
+"$kelvalr" --allow-computer-control yes >/dev/null
+
+# Lightroom runs without the plug-in.
+open_standin --photos "$work/photos" --modules "$work/no-plugin"
+"$kelvalr" 2>"$work/kelvalr.err" &
+window_pid=$!
+window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
+to_front
+hints plugin-not-loaded "Lightroom is running, but the KelvaLR plug-in is not loaded."
+element "Reveal Installed Plugin" >/dev/null
+click "Open Lightroom Plug-in Manager"
+timeout 20 xdotool search --sync --onlyvisible --name 'Plug-in Manager' >/dev/null || expect "Plug-in Manager" "a window" ""
+
+# It is not running at all, is opened by the hint's button, and answers.
+stop_standin
+to_front
+hints not-running "Lightroom Classic is not running."
+click "Open Lightroom"
+hides "Lightroom Classic is not running."
+shows "Opened Adobe Lightroom Classic."
+request "set exposure to +0.5" "Lightroom Classic: Adjusted Exposure on 1 photo to 0.5"
+hides "Dismiss"
+[ -z "${SCREENSHOT:-}" ] || { to_front; import -window "$window" "$SCREENSHOT-connected.png"; }
+
+# It takes a command and does not answer, as with a dialog open.
+kill -STOP "$(lightroom_pid)"
+request "set contrast to 20" "Lightroom is running, but does not answer."
+hints no-answer "Lightroom is running, but does not answer."
+kill -CONT "$(lightroom_pid)"
+click "Test Lightroom Connection"
+hides "Lightroom is running, but does not answer."
+
+# Another program has taken the port.
+kill "$(lightroom_pid)"
+timeout 20 tail --pid="$(lightroom_pid)" -f /dev/null
+rm "$work/lightroom.pid"
+python3 -c 'import socket
+server = socket.create_server(("127.0.0.1", 54321))
+clients = []
+while True: clients.append(server.accept())' &
+other_pid=$!
+request "set contrast to 30" "Port 54321, which the KelvaLR plug-in needs, is used by python3."
+hints port-taken "Quit that program, then restart Lightroom."
+click "Dismiss"
+hides "Port 54321, which the KelvaLR plug-in needs, is used by python3."
+kill "$other_pid"
+other_pid=
+
+to_front
+xdotool key ctrl+q
+timeout 20 tail --pid="$window_pid" -f /dev/null
+wait "$window_pid" || expect "status of the window" 0 $?
+window_pid=
+expect "warnings" "" "$(cat "$work/kelvalr.err")"
+finish

@@ -1,0 +1,155 @@
+#include "Platform/Linux/ProcListeningPrograms.h"
+#include "Platform/Linux/ProcessList.h"
+#include "Platform/Linux/SocketTable.h"
+#include "Support/WaitForTask.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTcpServer>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace KelvaLR::Testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+using enum PortListener::Presence;
+
+constexpr QByteArrayView
+    header("  sl  local_address rem_address   st tx_queue rx_queue tr tm->when retrnsmt   "
+           "uid  timeout inode\n");
+
+/// A table with one socket on port 0xD431.
+QByteArray tableOf(QByteArrayView address, QByteArrayView state)
+{
+    return header + "   0: " + address + ":D431 00000000:0000 " + state +
+           " 00000000:00000000 00:00000000 00000000  1000        0 4711 1 0 100 0 0 10 0\n";
+}
+
+std::optional<QSet<quint64>> socketsIn(QByteArray table)
+{
+    QBuffer buffer(&table);
+    buffer.open(QIODevice::ReadOnly);
+    return listeningSockets(buffer, 0xD431);
+}
+
+TEST(ListeningProgramsTest, namesTheProgramThatListensOnThisMachine)
+{
+    const ListeningProgram ourselves{.name = programName(QCoreApplication::applicationPid()),
+                                     .processId = QCoreApplication::applicationPid()};
+    ProcListeningPrograms programs;
+    for (const QHostAddress &address :
+         {QHostAddress(QHostAddress::LocalHost), QHostAddress(QHostAddress::AnyIPv4),
+          QHostAddress(QHostAddress::Any)}) {
+        QTcpServer server;
+        ASSERT_TRUE(server.listen(address));
+        const quint16 port = server.serverPort();
+        EXPECT_EQ(waitForTask(programs.listenerOn(port)),
+                  (PortListener{.presence = present, .programs = {ourselves}}))
+            << address.toString().toStdString();
+        server.close();
+        EXPECT_EQ(waitForTask(programs.listenerOn(port)), (PortListener{.presence = none, .programs = {}}));
+    }
+}
+
+TEST(ListeningProgramsTest, listsEachProcessThatHoldsTheSocket)
+{
+    QProcess sleeper;
+    sleeper.setProgram(u"python3"_s);
+    sleeper.setArguments({u"-c"_s, u"import os, socket, sys\n"
+                                   "s = socket.socket(); s.bind(('127.0.0.1', 0)); s.listen()\n"
+                                   "os.fork() or sys.stdin.read() or os._exit(0)\n"
+                                   "print(s.getsockname()[1], flush=True); sys.stdin.read()"_s});
+    sleeper.start();
+    ASSERT_TRUE(waitUntil([&] { return sleeper.canReadLine(); }));
+    const quint16 port = sleeper.readLine().trimmed().toUShort();
+    const PortListener listener = waitForTask(ProcListeningPrograms().listenerOn(port));
+    EXPECT_EQ(listener.programs.size(), 2);
+    for (const ListeningProgram &program : listener.programs) {
+        EXPECT_TRUE(program.name.startsWith("python3"_L1)) << program.name.toStdString();
+    }
+    sleeper.closeWriteChannel();
+    EXPECT_TRUE(sleeper.waitForFinished());
+}
+
+TEST(ListeningProgramsTest, knowsNothingWhereTheKernelListsNothing)
+{
+    QTemporaryDir folder;
+    ProcListeningPrograms programs(folder.path());
+    EXPECT_EQ(waitForTask(programs.listenerOn(1)).presence, unknown);
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"net"_s));
+    QFile table(folder.filePath(u"net/tcp"_s));
+    ASSERT_TRUE(table.open(QFile::WriteOnly));
+    table.write("no table");
+    table.close();
+    EXPECT_EQ(waitForTask(programs.listenerOn(1)).presence, unknown);
+    ASSERT_TRUE(table.open(QFile::WriteOnly));
+    table.write(tableOf("0100007F", "0A"));
+    table.close();
+    EXPECT_EQ(waitForTask(programs.listenerOn(0xD431)), (PortListener{.presence = present, .programs = {}}));
+}
+
+TEST(SocketTableTest, findsWhatTakesConnectionsToThisMachine)
+{
+    const struct
+    {
+        QByteArrayView address;
+        QByteArrayView state;
+        bool isFound;
+    } rows[] = {
+        {"0100007F", "0A", true},
+        {"00000000", "0A", true},
+        {"00000000000000000000000000000000", "0A", true},
+        {"0000000000000000FFFF00000100007F", "0A", true},
+        {"0100007F", "01", false},
+        {"0201A8C0", "0A", false},
+        {"00000000000000000000000001000000", "0A", false},
+    };
+
+    for (const auto &row : rows) {
+        EXPECT_EQ(socketsIn(tableOf(row.address, row.state)),
+                  row.isFound ? QSet<quint64>{4711} : QSet<quint64>())
+            << row.address.data();
+    }
+}
+
+TEST(SocketTableTest, leavesOutWhatCannotBeRead)
+{
+    EXPECT_EQ(socketsIn({}), std::nullopt);
+    EXPECT_EQ(socketsIn(QByteArray("\n\0\xFF", 3)), std::nullopt);
+    const QByteArray whole = tableOf("0100007F", "0A");
+    for (qsizetype length = header.size(); length < whole.size(); ++length) {
+        EXPECT_TRUE(socketsIn(whole.first(length)).has_value()) << length;
+    }
+    QRandomGenerator random(20);
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray noise = whole;
+        for (int i = 0; i < 8; ++i) {
+            noise[random.bounded(qsizetype(header.size()), noise.size())] = char(random.bounded(256));
+        }
+        EXPECT_TRUE(socketsIn(noise).has_value());
+    }
+}
+
+TEST(ProcessListTest, namesAProgramWhole)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"a-program-with-a-long-name"_s);
+    ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(u"sleep"_s), path));
+    QProcess program;
+    program.start(path, {u"60"_s});
+    EXPECT_TRUE(
+        waitUntil([&] { return programName(program.processId()) == "a-program-with-a-long-name"_L1; }));
+    program.kill();
+    program.waitForFinished();
+    EXPECT_EQ(programName(0), QString());
+}
+
+} // namespace
+} // namespace KelvaLR::Testing
