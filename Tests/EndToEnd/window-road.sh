@@ -38,6 +38,11 @@ window_pid=$!
 window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
 timeout 20 xdotool windowactivate --sync "$window"
 
+# A desktop finds the entry of the window by its class.
+expect "class of the window" "$(sed -n 's/^StartupWMClass=//p' "$here/../../Packaging/org.kelvalr.KelvaLR.desktop")" \
+    "$(xprop -id "$window" WM_CLASS | sed 's/.*, "\(.*\)"$/\1/')"
+xprop -id "$window" _NET_WM_ICON | grep 'Icon (' >/dev/null || expect "icon of the window" "a picture" ""
+
 request "set exposure to +0.5" "Lightroom Classic: Adjusted Exposure on 1 photo to 0.5"
 first=$work/photos/$(basename "${samples[0]}" .jpg).xmp
 expect "exposure" "+0.50" "$(xmp "$first" Xmp.crs.Exposure2012)"

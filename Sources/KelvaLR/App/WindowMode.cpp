@@ -9,6 +9,7 @@
 #include "Views/MainWindowHost.h"
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QLoggingCategory>
 #include <QQuickWindow>
 #include <QTimer>
@@ -142,6 +143,9 @@ int runWindow(const CommandLine &line, int &argumentCount, char **arguments)
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*.warning=false"_s);
     qInstallMessageHandler(passOnMessage);
     const QGuiApplication application(argumentCount, arguments);
+    // By this name a desktop finds the entry of a window; without an entry the window brings its own icon.
+    QGuiApplication::setDesktopFileName(u"org.kelvalr.KelvaLR"_s);
+    QGuiApplication::setWindowIcon(QIcon(u":/app/org.kelvalr.KelvaLR.svg"_s));
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
                      &TerminationSignals::exitApplication);
