@@ -1,6 +1,7 @@
 #include "App/WindowMode.h"
 
 #include "App/KelvaLRApp.h"
+#include "App/SystemActionNames.h"
 #include "App/SystemActionService.h"
 #include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/DesktopAppearance.h"
@@ -144,7 +145,7 @@ int runWindow(const CommandLine &line, int &argumentCount, char **arguments)
     qInstallMessageHandler(passOnMessage);
     const QGuiApplication application(argumentCount, arguments);
     // By this name a desktop finds the entry of a window; without an entry the window brings its own icon.
-    QGuiApplication::setDesktopFileName(u"org.kelvalr.KelvaLR"_s);
+    QGuiApplication::setDesktopFileName(SystemActionName::service);
     QGuiApplication::setWindowIcon(QIcon(u":/app/org.kelvalr.KelvaLR.svg"_s));
     const TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &signals,
