@@ -80,7 +80,7 @@ TEST(ListeningProgramsTest, listsEachProcessThatHoldsTheSocket)
 
 TEST(ListeningProgramsTest, knowsNothingWhereTheKernelListsNothing)
 {
-    QTemporaryDir folder;
+    const QTemporaryDir folder;
     ProcListeningPrograms programs(folder.path());
     EXPECT_EQ(waitForTask(programs.listenerOn(1)).presence, unknown);
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"net"_s));
@@ -131,7 +131,7 @@ TEST(SocketTableTest, leavesOutWhatCannotBeRead)
     for (int round = 0; round < 2000; ++round) {
         QByteArray noise = whole;
         for (int i = 0; i < 8; ++i) {
-            noise[random.bounded(qsizetype(header.size()), noise.size())] = char(random.bounded(256));
+            noise[random.bounded(header.size(), noise.size())] = char(random.bounded(256));
         }
         EXPECT_TRUE(socketsIn(noise).has_value());
     }
@@ -139,7 +139,7 @@ TEST(SocketTableTest, leavesOutWhatCannotBeRead)
 
 TEST(ProcessListTest, namesAProgramWhole)
 {
-    QTemporaryDir folder;
+    const QTemporaryDir folder;
     const QString path = folder.filePath(u"a-program-with-a-long-name"_s);
     ASSERT_TRUE(QFile::copy(QStandardPaths::findExecutable(u"sleep"_s), path));
     QProcess program;
