@@ -38,6 +38,7 @@ int main(int argc, char **argv)
         return fail(line.error());
     }
     if (line->isHelpWanted) {
+        const QCoreApplication application(argc, argv); // knows the program's name
         say(stdout, usage());
         return EXIT_SUCCESS;
     }
