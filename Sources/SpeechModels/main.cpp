@@ -37,11 +37,12 @@ constexpr Nearness alike{0.5, 2.4};
 constexpr std::array<QStringView, 4> openings{u"okay", u"so", u"um", u"well"};
 
 /// Words that the dictionary lacks or knows otherwise, the usual way to say them first. The name and the
-/// greeting have more than one, as accents differ: many voices round their L to a vowel.
+/// greeting have more than one, as accents differ: many voices round their L to a vowel, some raise their E.
 void addOwnWords(PronouncingDictionary &dictionary)
 {
-    dictionary.set(name.toString(), {"K EH L V AH", "K EH L V ER", "K AE L V AH", "K EH L W AH",
-                                     "K EH OW V AH", "K EH OW W AH", "K EH OW W UH"});
+    dictionary.set(name.toString(),
+                   {"K EH L V AH", "K EH L V ER", "K AE L V AH", "K EH L W AH", "K EH OW V AH",
+                    "K EH OW W AH", "K EH OW W UH", "K IH L V AH", "K IH OW L AH"});
     dictionary.set(greeting.toString(), {"HH EY", "HH AY", "EY"});
     dictionary.set(u"dehaze"_s, {"D IY HH EY Z", "D EH HH EY Z"});
     dictionary.set(u"lightroom"_s, {"L AY T R UW M"});
