@@ -10,11 +10,6 @@ namespace KelvaLR::SpeechModels {
 
 namespace {
 
-// Found on synthetic voices that are not among those of the test: nearer words cost calls of the right one,
-// farther ones catch no more mistakes.
-constexpr double nearest = 1.0;
-constexpr double farthest = 2.2;
-
 constexpr double lost = 0.9;
 
 using Phones = QByteArrayList;
@@ -72,16 +67,17 @@ double distance(const QByteArray &pronunciation, const QByteArray &other)
     return row.back();
 }
 
-QStringList wordsNear(const QByteArray &pronunciation, const PronouncingDictionary &dictionary)
+QStringList wordsNear(const QByteArray &pronunciation, Nearness nearness,
+                      const PronouncingDictionary &dictionary)
 {
     QStringList near;
     for (const auto &[word, ways] : dictionary.words().asKeyValueRange()) {
         const auto isNear = [&](const QByteArray &way) {
             const double far = distance(pronunciation, way);
-            return far >= nearest && far <= farthest;
+            return far >= nearness.nearest && far <= nearness.farthest;
         };
         const auto isAlmostTheSame = [&](const QByteArray &way) {
-            return distance(pronunciation, way) < nearest;
+            return distance(pronunciation, way) < nearness.nearest;
         };
         if (std::ranges::any_of(ways, isNear) && std::ranges::none_of(ways, isAlmostTheSame)) {
             near.append(word);

@@ -13,8 +13,16 @@ namespace KelvaLR::SpeechModels {
 /// counts half, a consonant that is made at the same place a little more.
 [[nodiscard]] double distance(const QByteArray &pronunciation, const QByteArray &other);
 
-/// The words of the dictionary that can be mistaken for another one. What sounds almost the same is left out:
-/// it is taken for that word.
-[[nodiscard]] QStringList wordsNear(const QByteArray &pronunciation, const PronouncingDictionary &dictionary);
+/// Distances between which words are near to another one.
+struct Nearness
+{
+    double nearest = 0;
+    double farthest = 0;
+};
+
+/// The words of the dictionary that can be mistaken for another one. What sounds nearer is left out: it is
+/// taken for that word.
+[[nodiscard]] QStringList wordsNear(const QByteArray &pronunciation, Nearness nearness,
+                                    const PronouncingDictionary &dictionary);
 
 } // namespace KelvaLR::SpeechModels

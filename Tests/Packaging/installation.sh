@@ -28,6 +28,7 @@ share/icons/hicolor/64x64/apps/$id.png
 share/icons/hicolor/scalable/apps/$id.svg
 share/kelvalr/speech/commands.dict
 share/kelvalr/speech/commands.lm
+share/kelvalr/speech/likenesses.lm
 share/lintian/overrides/kelvalr
 share/man/man1/kelvalr.1.gz
 share/man/man1/lightroom-standin.1.gz

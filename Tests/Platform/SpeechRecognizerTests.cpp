@@ -202,6 +202,6 @@ TEST_F(RecognizerTest, reportsNothingOnceARecognitionIsOver)
 
 TEST(PocketSphinxRecognizer, isNoneWithoutItsModels)
 {
-    PocketSphinxRecognizer recognizer(SpeechModelFiles{u"/none"_s, {}, {}, {}, {}});
+    PocketSphinxRecognizer recognizer(SpeechModelFiles{u"/none"_s, {}, {}, {}, {}, {}});
     EXPECT_EQ(recognizer.recognize({}, [](const SpeechResult &) {}), nullptr);
 }

@@ -20,7 +20,8 @@ TEST(NearWords, areThoseThatSoundAlikeButNotAlmostTheSame)
     dictionary.set(u"calvin"_s, {"K AE L V IH N"});
     dictionary.set(u"kelp"_s, {"K EH L P"});
     dictionary.set(u"exposure"_s, {"IH K S P OW ZH ER"});
-    EXPECT_EQ(wordsNear("K EH L V AH", dictionary), (QStringList{u"calvin"_s, u"kelp"_s}));
+    EXPECT_EQ(wordsNear("K EH L V AH", {1.0, 2.2}, dictionary), (QStringList{u"calvin"_s, u"kelp"_s}));
+    EXPECT_EQ(wordsNear("K EH L V AH", {0.5, 1.5}, dictionary), QStringList{u"elva"_s});
 }
 
 TEST(TrigramModel, givesEveryHistoryAWholeProbability)

@@ -3,6 +3,7 @@
 #include "Platform/AudioInput.h"
 #include "Support/DetachedTask.h"
 #include "Support/NormalizedWords.h"
+#include "Support/Posted.h"
 #include "Support/TextTrimming.h"
 #include "Support/WakePhrases.h"
 
@@ -165,7 +166,8 @@ std::expected<void, QString> WakeWordVoiceService::beginCapture()
             recognition->append(samples, frames, format);
         }
         if (const auto change = m_silence.take(samples, frames, format)) {
-            QMetaObject::invokeMethod(this, [this, change] { handleSound(*change); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, Posted([this, change] { handleSound(*change); }),
+                                      Qt::QueuedConnection);
         }
     };
     const auto onFailure = [this](const QString &sentence) {
@@ -179,14 +181,12 @@ std::expected<void, QString> WakeWordVoiceService::beginCapture()
 SpeechRecognizer::ResultHandler WakeWordVoiceService::resultHandler(int capture)
 {
     return [this, capture](SpeechResult result) {
-        QMetaObject::invokeMethod(
-            this,
-            [this, capture, result = std::move(result)] {
-                if (capture == m_capture) {
-                    handleResult(result);
-                }
-            },
-            Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, Posted([this, capture, result = std::move(result)] {
+                                      if (capture == m_capture) {
+                                          handleResult(result);
+                                      }
+                                  }),
+                                  Qt::QueuedConnection);
     };
 }
 

@@ -23,6 +23,7 @@ struct SpeechModelFiles
     QString phones;     ///< language model of its phones
     QString dictionary; ///< pronouncing dictionary of English
     QString commands;   ///< language model of the commands, with "[preset]" for any preset
+    QString likenesses; ///< the same with words in the name's place that sound like it
     QString words;      ///< dictionary of their words
 
     bool operator==(const SpeechModelFiles &) const = default;
@@ -37,8 +38,9 @@ struct SpeechModelFiles
 struct DecodedUtterance
 {
     QString text; ///< lower case, in words
-    /// How much better than bare sounds the words explain what was heard, in logarithmic score for each frame
-    /// of 10 ms: of the wake phrase, and of the whole utterance. Negative, as sounds are free to be anything.
+    /// How much better something is explained than by something else, in logarithmic score for each frame of
+    /// 10 ms: by the wake phrase than by words that sound like it, where that was heard, and by all words
+    /// than by bare sounds, which are free to be anything.
     double phraseScore = 0;
     double utteranceScore = 0;
 
@@ -46,9 +48,10 @@ struct DecodedUtterance
 };
 
 /// Understands whole utterances as commands behind the wake phrase, by PocketSphinx. The same sound is
-/// decoded twice: with the language of the commands and what they could be mistaken for, and, where the
-/// phrase seems to be in it, as bare sounds, which show whether it was that phrase. Any one thread; decoding
-/// takes about a tenth of the time that was spoken.
+/// decoded with the language of the commands and what they could be mistaken for, and, where the phrase seems
+/// to be in it, twice more: with words that sound like it in its place, which show whether it was that
+/// phrase, and as bare sounds, which show whether it was a command. Any one thread; decoding takes about a
+/// tenth of the time that was spoken.
 class CommandDecoder
 {
 public:
@@ -91,8 +94,16 @@ private:
         std::vector<Segment> segments;
     };
 
+    /// The frames of the wake phrase.
+    struct Phrase
+    {
+        int first = 0;
+        int last = 0;
+    };
+
     [[nodiscard]] Pass pass(const char *search, std::span<const qint16> samples);
-    [[nodiscard]] static double scoreBetween(const std::vector<Segment> &segments, int first, int last);
+    [[nodiscard]] static std::optional<Phrase> phraseIn(const std::vector<Segment> &segments);
+    [[nodiscard]] static double scoreOf(Phrase phrase, const std::vector<Segment> &segments);
 
     Decoder m_decoder;
     PresetVocabulary m_presets;
