@@ -7,9 +7,11 @@ services=$XDG_DATA_HOME/dbus-1/services
 source "$here/support.sh"
 export QT_QUICK_BACKEND=software
 
+served="^$kelvalr --gapplication-service\$" # as the bus starts it
+
 end_programs() {
     pkill -P $$ 2>/dev/null || true
-    pkill -f "^$kelvalr --gapplication-service" 2>/dev/null || true
+    pkill -f "$served" 2>/dev/null || true
 }
 trap 'end_programs; cleanup' EXIT
 
@@ -47,8 +49,8 @@ expect "sessions" "([('chat', 'Lightroom')],)" "$(ask Sessions "['other', 'chat'
 expect "no session" "(@a(ss) [],)" "$(ask Sessions "['other']")"
 expect "artifacts" "([('lightroom-status', 'Lightroom Status', 'Markdown')],)" "$(ask SuggestedArtifacts)"
 expect "windows" "" "$(xdotool search --onlyvisible --name '^KelvaLR$' || true)"
-pkill -f "^$kelvalr --gapplication-service"
-while pgrep -f "^$kelvalr --gapplication-service" >/dev/null; do sleep 0.05; done
+pkill -f "$served"
+while pgrep -f "$served" >/dev/null; do sleep 0.05; done
 
 # The bus starts the program for a note.
 expect "note for a program that does not run" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote 'Buy film')"
@@ -75,10 +77,10 @@ expect "second start with a note" "Opened KelvaLR.
 0" "$("$kelvalr" --create-note "Three films" 2>&1; echo $?)"
 composes "its note" "Three films"
 expect "second start with a section" 0 "$("$kelvalr" --open-section chat 2>&1; echo $?)"
-expect "programs" 1 "$(pgrep -fc "^$kelvalr")"
+expect "programs with a window" 1 "$(xdotool search --onlyvisible --name '^KelvaLR$' | wc -l)"
 
 # One that hangs is not waited for without end.
-running=$(pgrep -f "^$kelvalr")
+running=$(pgrep -f "$served")
 kill -STOP "$running"
 expect "hanging program" "kelvalr: KelvaLR already runs, but does not answer.
 1" "$("$kelvalr" --open-section chat 2>&1; echo $?)"
