@@ -1,5 +1,5 @@
 # kelvalr_precompile(<target> [<header>...]): parses once what nearly every source includes, and the headers named.
-# The debug preset builds without, so that a source which forgets to include what it uses is found there.
+# The debug preset builds without: it finds a source that forgets to include what it uses.
 function(kelvalr_precompile target)
     target_precompile_headers(${target} PRIVATE ${ARGN}
         <algorithm> <array> <chrono> <expected> <functional> <memory> <optional> <utility> <vector>

@@ -113,7 +113,9 @@ private:
     /// No photo has this exposure yet, so that it can be found.
     QString newExposure()
     {
-        m_exposure = m_exposure % 499 + 1;
+        do {
+            m_exposure = m_exposure % 499 + 1;
+        } while (isInASidecar(m_exposure / 100.0));
         return u"set exposure to %1"_s.arg(m_exposure / 100.0, 0, 'f', 2);
     }
 
@@ -215,10 +217,13 @@ int main(int argc, char **argv)
     const QTemporaryDir home;
     qputenv("HOME",
             home.path().toUtf8()); // the photographer's own settings, plug-ins and keys stay out of it
-    for (const char *variable : {"XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME",
-                                 "KELVALR_OPENAI_API_KEY", "OPENAI_API_KEY", "DISPLAY"}) {
+    for (const char *variable :
+         {"XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME", "KELVALR_OPENAI_API_KEY",
+          "KELVALR_PRESET_FOLDERS", "OPENAI_API_KEY", "DISPLAY"}) {
         qunsetenv(variable);
     }
+    qputenv("OPENAI_BASE_URL", "http://127.0.0.1:9/v1"); // a key in an .env.local must not cost anything
+    QDir::setCurrent(home.path());
     const QCoreApplication application(argc, argv);
     const int minutes = QCoreApplication::arguments().value(1, u"120"_s).toInt();
     const quint32 seed = QCoreApplication::arguments().value(2, u"1"_s).toUInt();

@@ -63,8 +63,12 @@ void UnsteadyLightroom::start()
 void UnsteadyLightroom::calmDown()
 {
     m_isCalm = true;
+    m_next.disconnect(this);
     signal(SIGCONT);
-    start();
+    m_stranger.close();
+    if (!m_isReady) {
+        goDown(0ms); // it may still be ending
+    }
 }
 
 void UnsteadyLightroom::disturb()

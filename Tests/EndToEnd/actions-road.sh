@@ -7,11 +7,22 @@ services=$XDG_DATA_HOME/dbus-1/services
 source "$here/support.sh"
 export QT_QUICK_BACKEND=software
 
-served="^$kelvalr --gapplication-service\$" # as the bus starts it
+# running: the process that has the program's name on this desktop's bus
+running() {
+    gdbus call --session --dest org.freedesktop.DBus --object-path / \
+        --method org.freedesktop.DBus.GetConnectionUnixProcessID org.kelvalr.KelvaLR 2>/dev/null |
+        sed -n 's/^(uint32 \([0-9]*\),)$/\1/p'
+}
+
+# end PROCESS: and waits until it has ended
+end() {
+    kill "$1"
+    timeout 20 tail --pid="$1" -f /dev/null
+}
 
 end_programs() {
     pkill -P $$ 2>/dev/null || true
-    pkill -f "$served" 2>/dev/null || true
+    running | xargs -r kill 2>/dev/null || true
 }
 trap 'end_programs; cleanup' EXIT
 
@@ -30,7 +41,23 @@ composes() {
     expect "$1" "focused $2" "$(composer)"
 }
 
-in_front() { xdotool getactivewindow getwindowname; }
+in_front() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
+
+# windows SEARCH...: the visible ones; looks again when one of them all goes while it looks
+windows() {
+    local found
+    until found=$(xdotool search --onlyvisible "$@" 2>"$work/x-error") || [ ! -s "$work/x-error" ]; do sleep 0.1; done
+    echo "$found"
+}
+
+# activate SEARCH...: the window, once it is there
+activate() {
+    local deadline=$((SECONDS + 20)) window
+    until window=$(windows "$@") && [ -n "$window" ] && xdotool windowactivate --sync "$window" 2>/dev/null; do
+        [ "$SECONDS" -lt "$deadline" ] || { echo "no window of $*"; exit 1; }
+        sleep 0.1
+    done
+}
 
 # comes_to_front NAME: the window soon is
 comes_to_front() {
@@ -48,9 +75,12 @@ gdbus call --session --dest org.freedesktop.DBus --object-path / --method org.fr
 expect "sessions" "([('chat', 'Lightroom')],)" "$(ask Sessions "['other', 'chat']")"
 expect "no session" "(@a(ss) [],)" "$(ask Sessions "['other']")"
 expect "artifacts" "([('lightroom-status', 'Lightroom Status', 'Markdown')],)" "$(ask SuggestedArtifacts)"
-expect "windows" "" "$(xdotool search --onlyvisible --name '^KelvaLR$' || true)"
-pkill -f "$served"
-while pgrep -f "$served" >/dev/null; do sleep 0.05; done
+expect "shortcuts" "([('Open KelvaLR Section', ['Open KelvaLR', 'Open Chat in KelvaLR'], 'Open KelvaLR', 'message'), \
+('Create KelvaLR Note', ['Create a note in KelvaLR', 'Save this to KelvaLR'], 'Create Note', 'square.and.pencil')],)" \
+    "$(ask Shortcuts)"
+expect "title of the section" "'section.chat': 'Lightroom'" "$(ask Titles | grep -o "'section.chat': '[^']*'")"
+expect "windows" "" "$(windows --name '^KelvaLR$')"
+end "$(running)"
 
 # The bus starts the program for a note.
 expect "note for a program that does not run" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote 'Buy film')"
@@ -58,8 +88,8 @@ composes "the note" "Buy film"
 
 # It runs; another program is in front.
 "$(dirname "$kelvalr")/widget_gallery" >/dev/null &
-other=$(timeout 20 xdotool search --sync --onlyvisible --pid $! | tail -n 1)
-timeout 20 xdotool windowactivate --sync "$other"
+other=$!
+activate --pid "$other"
 expect "empty note" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote '')"
 comes_to_front "after an empty note"
 composes "after an empty note" "Buy film"
@@ -70,23 +100,31 @@ expect "another note" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote ' Zwei Fil
 composes "another note" " Zwei Filme "
 
 # A second start hands over.
-timeout 20 xdotool windowactivate --sync "$other"
+activate --pid "$other"
 expect "second start" "0" "$("$kelvalr" 2>&1; echo $?)"
 comes_to_front "after a second start"
 expect "second start with a note" "Opened KelvaLR.
 0" "$("$kelvalr" --create-note "Three films" 2>&1; echo $?)"
 composes "its note" "Three films"
+expect "second start without a display" "Opened KelvaLR.
+0" "$(env -u DISPLAY -u QT_QPA_PLATFORM "$kelvalr" --create-note "Three films" 2>&1; echo $?)"
 expect "second start with a section" 0 "$("$kelvalr" --open-section chat 2>&1; echo $?)"
-expect "programs with a window" 1 "$(xdotool search --onlyvisible --name '^KelvaLR$' | wc -l)"
+expect "programs with a window" 1 "$(windows --name '^KelvaLR$' | wc -l)"
+
+# A note has the keyboard, also when the settings are open.
+activate --name '^KelvaLR$'
+xdotool key ctrl+comma
+activate --name '^KelvaLR Settings$'
+expect "note beside the settings" "('Opened KelvaLR.',)" "$(ask CreateKelvaLRNote 'Beside')"
+composes "note beside the settings" "Beside"
 
 # One that hangs is not waited for without end.
-running=$(pgrep -f "$served")
-kill -STOP "$running"
+program=$(running)
+kill -STOP "$program"
 expect "hanging program" "kelvalr: KelvaLR already runs, but does not answer.
 1" "$("$kelvalr" --open-section chat 2>&1; echo $?)"
-kill -CONT "$running"
-kill "$running"
-while kill -0 "$running" 2>/dev/null; do sleep 0.05; done
+kill -CONT "$program"
+end "$program"
 
 # A first start with a note.
 "$kelvalr" --create-note "Four films" >"$work/said" 2>"$work/kelvalr.err" &

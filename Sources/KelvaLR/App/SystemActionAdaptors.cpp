@@ -28,6 +28,7 @@ IntentsAdaptor::IntentsAdaptor(SystemActionService &service, const QDBusConnecti
     , m_bus(bus)
 {
     qDBusRegisterMetaType<ShortcutOnBus>();
+    qDBusRegisterMetaType<QMap<QString, QString>>();
     qDBusRegisterMetaType<QList<ShortcutOnBus>>();
     qDBusRegisterMetaType<KelvaLRSessionEntity>();
     qDBusRegisterMetaType<QList<KelvaLRSessionEntity>>();
@@ -66,6 +67,23 @@ QList<ShortcutOnBus> IntentsAdaptor::Shortcuts()
                           .systemImage = shortcut.systemImage});
     }
     return shortcuts;
+}
+
+QMap<QString, QString> IntentsAdaptor::Titles()
+{
+    QMap<QString, QString> titles{
+        {SystemActionName::openSection, OpenKelvaLRSectionIntent::title},
+        {SystemActionName::openSection + ".section"_L1, OpenKelvaLRSectionIntent::sectionTitle},
+        {SystemActionName::createNote, CreateKelvaLRNoteIntent::title},
+        {SystemActionName::createNote + ".text"_L1, CreateKelvaLRNoteIntent::textTitle},
+        {u"section"_s, sectionTypeTitle},
+        {u"session"_s, KelvaLRSessionEntity::typeTitle},
+        {u"artifact"_s, KelvaLRArtifactEntity::typeTitle},
+    };
+    for (const auto &row : rawValueTable<KelvaLRSectionIntentValue>) {
+        titles.insert("section."_L1 + row.raw, displayName(row.value));
+    }
+    return titles;
 }
 
 QList<KelvaLRSessionEntity> IntentsAdaptor::SuggestedSessions()

@@ -6,6 +6,7 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusArgument>
 #include <QDBusMessage>
+#include <QMap>
 #include <QVariantMap>
 
 namespace KelvaLR {
@@ -33,6 +34,8 @@ public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): read by moc
     void OpenKelvaLRSection(const QString &section, const QDBusMessage &call);
     QString CreateKelvaLRNote(const QString &text, const QDBusMessage &call);
     QList<KelvaLR::ShortcutOnBus> Shortcuts();
+    /// What the user sees of actions, their parameters, types and sections.
+    QMap<QString, QString> Titles();
 
     QList<KelvaLR::KelvaLRSessionEntity> SuggestedSessions();
     QList<KelvaLR::KelvaLRSessionEntity> Sessions(const QStringList &identifiers);
@@ -44,7 +47,7 @@ private:
     QDBusConnection m_bus;
 };
 
-/// What a desktop calls instead of starting the program once more.
+/// What desktops call in a program that already runs; a second start calls it, too.
 class ApplicationAdaptor : public QDBusAbstractAdaptor
 {
     Q_OBJECT

@@ -66,17 +66,23 @@ SystemActionService::Publication SystemActionService::publish(QDBusConnection bu
     if (!bus.isConnected()) {
         return Publication::noBus;
     }
-    new IntentsAdaptor(*this, bus);
-    new ApplicationAdaptor(*this, bus);
+    if (!findChild<IntentsAdaptor *>()) {
+        new IntentsAdaptor(*this, bus);
+        new ApplicationAdaptor(*this, bus);
+    }
     // The object first: whoever waits for the name calls at once.
     bus.registerObject(SystemActionName::path, this, QDBusConnection::ExportAdaptors);
-    if (!bus.registerService(SystemActionName::service)) {
-        bus.unregisterObject(SystemActionName::path);
-        return bus.interface()->isServiceRegistered(SystemActionName::service) ? Publication::anotherRuns
-                                                                               : Publication::noBus;
+    if (bus.registerService(SystemActionName::service)) {
+        m_bus = bus;
+        return Publication::published;
     }
-    m_bus = bus;
-    return Publication::published;
+    bus.unregisterObject(SystemActionName::path);
+    return isAnotherRunning(bus) ? Publication::anotherRuns : Publication::noBus;
+}
+
+bool isAnotherRunning(const QDBusConnection &bus)
+{
+    return bus.isConnected() && bus.interface()->isServiceRegistered(SystemActionName::service);
 }
 
 std::expected<void, QString> SystemActionService::activate()

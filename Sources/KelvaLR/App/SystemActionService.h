@@ -44,6 +44,9 @@ private:
     std::optional<QDBusConnection> m_bus;
 };
 
+/// Whether a program of this session has the name.
+[[nodiscard]] bool isAnotherRunning(const QDBusConnection &bus);
+
 /// Asks the program that already runs in this session to come to the front, or to perform the action. Waits
 /// at most ten seconds; the program needs no event loop for it.
 [[nodiscard]] std::expected<std::optional<QString>, QString>

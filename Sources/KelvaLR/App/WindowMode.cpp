@@ -129,16 +129,41 @@ int report(const std::expected<std::optional<QString>, QString> &outcome)
     return 0;
 }
 
+/// Publishes the program, or hands its request to the one that is there already.
+/// @return the exit status when this one is not needed
+std::optional<int> handedOver(SystemActionService &actions, const std::optional<KelvaLRIntent> &intent)
+{
+    const QDBusConnection bus = existingSessionBus();
+    for (int attempt = 1; actions.publish(bus) == SystemActionService::Publication::anotherRuns; ++attempt) {
+        const auto outcome = handOver(bus, intent);
+        // One that was just ending leaves the name to us.
+        if (outcome || attempt == 2 || isAnotherRunning(bus)) {
+            return report(outcome);
+        }
+    }
+    return std::nullopt;
+}
+
+/// Where there is no display, a program that runs may still have one.
+int runWithoutDisplay(const CommandLine &line, int &argumentCount, char **arguments)
+{
+    const QCoreApplication application(argumentCount, arguments);
+    const QDBusConnection bus = existingSessionBus();
+    if (isAnotherRunning(bus)) {
+        return report(handOver(bus, line.intent));
+    }
+    std::fputs(
+        "kelvalr: There is no display for the window. Use --prompt TEXT or --terminal; --help lists all.\n",
+        stderr);
+    return 1;
+}
+
 } // namespace
 
 int runWindow(const CommandLine &line, int &argumentCount, char **arguments)
 {
     if (!hasDisplay()) {
-        std::fputs(
-            "kelvalr: There is no display for the window. Use --prompt TEXT or --terminal; --help lists "
-            "all.\n",
-            stderr);
-        return 1;
+        return runWithoutDisplay(line, argumentCount, arguments);
     }
     // A broken photo shows a placeholder; what its decoder thinks of it is no news for the terminal.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*.warning=false"_s);
@@ -154,8 +179,8 @@ int runWindow(const CommandLine &line, int &argumentCount, char **arguments)
     AppIntentRouter router;
     Program program(router);
     SystemActionService actions(router, [&program] { return program.present(); });
-    if (actions.publish(existingSessionBus()) == SystemActionService::Publication::anotherRuns) {
-        return report(handOver(existingSessionBus(), line.intent));
+    if (const std::optional<int> status = handedOver(actions, line.intent)) {
+        return *status;
     }
     if (line.mode == LaunchMode::service) {
         QTimer::singleShot(idleTime, &application, [&program] {

@@ -9,6 +9,8 @@ namespace KelvaLR {
 /// A conversation session as the system sees it; shown by its title.
 struct KelvaLRSessionEntity
 {
+    static constexpr QLatin1StringView typeTitle{"KelvaLR Session"};
+
     QString id;
     QString title;
 
@@ -18,6 +20,8 @@ struct KelvaLRSessionEntity
 /// An artifact as the system sees it; shown by its title, with its kind below.
 struct KelvaLRArtifactEntity
 {
+    static constexpr QLatin1StringView typeTitle{"KelvaLR Artifact"};
+
     QString id;
     QString title;
     QString kind;

@@ -15,6 +15,7 @@ class AppIntentRouter;
 struct OpenKelvaLRSectionIntent
 {
     static constexpr QLatin1StringView title{"Open KelvaLR Section"};
+    static constexpr QLatin1StringView sectionTitle{"Section"};
 
     KelvaLRSectionIntentValue section = KelvaLRSectionIntentValue::chat;
 
@@ -25,6 +26,7 @@ struct OpenKelvaLRSectionIntent
 struct CreateKelvaLRNoteIntent
 {
     static constexpr QLatin1StringView title{"Create KelvaLR Note"};
+    static constexpr QLatin1StringView textTitle{"Text"};
 
     QString text;
 

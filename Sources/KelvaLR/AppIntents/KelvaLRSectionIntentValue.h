@@ -15,6 +15,8 @@ inline constexpr std::array<RawValueRow<KelvaLRSectionIntentValue>, 1>
         {KelvaLRSectionIntentValue::chat, QLatin1StringView("chat")},
     }};
 
+inline constexpr QLatin1StringView sectionTypeTitle{"KelvaLR Section"};
+
 /// What the user sees instead of the raw string.
 [[nodiscard]] constexpr QLatin1StringView displayName(KelvaLRSectionIntentValue section)
 {

@@ -125,7 +125,7 @@ TEST_F(LightroomConnectionWatchTest, doesNotBlameLightroomForWhatAnotherProgramT
 
 TEST_F(LightroomConnectionWatchTest, givesALightroomThatHasJustComeTimeToLoadThePlugin)
 {
-    makeWatch(100ms);
+    makeWatch(2s);
     rig.listening.listener = nobody;
     watch->look();
     EXPECT_TRUE(willFind(LightroomNotRunning()));

@@ -105,7 +105,9 @@ void DesktopApplications::bringOwnWindowsToFront()
         if (window->isVisible() && standsOnItsOwn(*window)) {
             window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
             window->raise();
-            window->requestActivate();
+            if (!window->transientParent()) { // the keyboard is for the main window, not for its dialogs
+                window->requestActivate();
+            }
         }
     }
 }

@@ -12,7 +12,7 @@ struct LightroomHint
 {
     QString finding;     ///< what is the case, in one sentence
     QString advice;      ///< what to do, in one sentence
-    QStringList actions; ///< what a button offers: at most two names of the actions in LightroomActions.qml
+    QStringList actions; ///< what a button offers: at most two names of actions, see LightroomHintView.qml
 
     bool operator==(const LightroomHint &) const = default;
 };

@@ -15,9 +15,8 @@ enum class Sending { refused, notTaken, delivered };
 ///
 /// The plug-in listens again only a moment after each command, so a connection that fails is tried again
 /// until the time for sending is over, but only while nothing has been written: a command is never sent
-/// twice. A line that could not be written to its end in time is dropped with its connection.
+/// twice. A line that could not be written to its end in time is dropped with its connection. Main thread.
 /// @param json without a line feed
-/// Main thread.
 QCoro::Task<Sending> sendCommand(BridgeEndpoint endpoint, BridgeTiming timing, QString json);
 
 } // namespace KelvaLR
