@@ -23,7 +23,7 @@ class AppModelTest : public testing::Test
 protected:
     void TearDown() override
     {
-        EXPECT_TRUE(waitUntil([&] { return !realtime.hasTasksUnderWay(); }));
+        EXPECT_TRUE(waitUntil([&] { return !realtime.hasTasksUnderWay() && !connection.isLooking(); }));
     }
 
     /// Submits a text and waits until the model has answered it.

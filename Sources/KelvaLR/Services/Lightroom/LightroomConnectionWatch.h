@@ -44,6 +44,9 @@ public:
 
     [[nodiscard]] const LightroomConnection &connection() const { return m_connection; }
 
+    /// A look is under way.
+    [[nodiscard]] bool isLooking() const { return m_isLooking; }
+
     /// Looks as soon as possible. Returns at once; a look while a command is under way is left to its end.
     void look();
 
