@@ -12,7 +12,7 @@ namespace KelvaLR {
 struct UtteranceTiming
 {
     std::chrono::milliseconds lead{300};      ///< kept from before the first sound of it
-    std::chrono::milliseconds pause{300};     ///< of quiet, after which it may have ended
+    std::chrono::milliseconds pause{200};     ///< of quiet, after which it may have ended
     std::chrono::milliseconds end{600};       ///< of quiet, after which it has ended
     std::chrono::milliseconds longest{15000}; ///< somebody who talks without a pause is cut here
 };
