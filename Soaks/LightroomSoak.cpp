@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 using namespace KelvaLR;
 using namespace KelvaLR::Testing;
@@ -134,19 +135,31 @@ private:
         const int status = waitForTask(answerPrompts(model, {request}), answerDeadline + 10s);
         ++m_tally.requests;
         m_tally.slowest = std::max(m_tally.slowest, elapsed.elapsed());
-        const auto messages = model.messages().sliced(before);
-        const auto answer = std::find_if(messages.rbegin(), messages.rend(), [](const auto &message) {
-            return message.role == ConversationRole::assistant;
-        });
-        if (status != 0 || answer == messages.rend() || answer->content.isEmpty()) {
+        // The end of a session, which a new one begins with, may take "responding" away from a request under
+        // way.
+        std::optional<QString> answer;
+        (void)waitUntil([&] { return (answer = answerSince(before)).has_value(); }, answerDeadline);
+        if (status != 0 || !answer) {
             ++m_tally.silent;
             std::printf("no sentence for: %s\n", qPrintable(request));
         } else {
-            count(request, answer->content);
+            count(request, *answer);
         }
         if (m_tally.requests % requestsOfASession == 0) {
             model.startNewSession(); // a conversation grows as long as it lasts
         }
+    }
+
+    /// What the assistant has said last behind the first messages; none while it has said nothing.
+    [[nodiscard]] std::optional<QString> answerSince(qsizetype first)
+    {
+        for (qsizetype i = m_app.model().messages().size(); i-- > first;) {
+            const ConversationMessage &message = m_app.model().messages().at(i);
+            if (message.role == ConversationRole::assistant && !message.content.isEmpty()) {
+                return message.content;
+            }
+        }
+        return std::nullopt;
     }
 
     void count(const QString &request, const QString &answer)

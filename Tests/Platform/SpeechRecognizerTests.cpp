@@ -53,7 +53,7 @@ std::vector<Step> stepsOf(const std::vector<std::pair<int, double>> &sounds, std
 /// A sentence as flite says it, with silence around it: 16 kHz, one channel.
 QByteArray spoken(const char *text)
 {
-    const QByteArray silence(UtteranceGate::sampleRate * 2, '\0');
+    const QByteArray silence(qsizetype{UtteranceGate::sampleRate} * 2, '\0');
     return silence + FliteVoice::render(text).value() + silence;
 }
 

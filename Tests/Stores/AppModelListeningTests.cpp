@@ -105,7 +105,7 @@ TEST_F(ListeningTest, survivesTheErrorsOfEveryState)
 {
     for (const auto &[state, shouldListen] : listeningIn) {
         enter(state);
-        std::jthread([&] { realtime.onError(u"HTTP 500"_s); });
+        std::jthread([&] { realtime.onError(u"HTTP 500"_s); }).join();
         const auto errors = answers().size() + 1;
         EXPECT_TRUE(waitUntil([&] { return answers().size() == errors; }));
         EXPECT_TRUE(waitUntil([&] { return shouldListen ? isListening() : isDeaf(); }));
@@ -205,7 +205,7 @@ TEST_F(ListeningTest, handsOneMicrophoneToARealSessionAndBack)
     constexpr qsizetype ofTheSession = 2048;
     ScriptedRealtimeServer server;
     FakeAudioOutput output;
-    QTemporaryDir folder;
+    const QTemporaryDir folder;
     OpenAIRealtimeVoiceService session(
         OpenAIAccess(u"KELVALR_OPENAI_API_KEY"_s, server.baseUrl(), [](const QString &) { return u"key"_s; }),
         input, output, RealtimeToolRunner(*lightroom.service, computerUse),
