@@ -95,9 +95,5 @@ kill "$other_pid"
 other_pid=
 
 to_front
-xdotool key ctrl+q
-timeout 20 tail --pid="$window_pid" -f /dev/null
-wait "$window_pid" || expect "status of the window" 0 $?
-window_pid=
-expect "warnings" "" "$(cat "$work/kelvalr.err")"
+quit_window
 finish

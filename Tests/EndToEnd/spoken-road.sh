@@ -43,9 +43,5 @@ deadline=$((SECONDS + 20))
 until [ "$(seconds_of_sound)" -ge 3 ] || [ "$SECONDS" -ge "$deadline" ]; do sleep 0.1; done
 [ "$(seconds_of_sound)" -ge 3 ] || expect "seconds of sound" "3 or more" "$(seconds_of_sound)"
 
-xdotool key ctrl+q
-timeout 20 tail --pid="$window_pid" -f /dev/null
-wait "$window_pid" || expect "status of the window" 0 $?
-window_pid=
-expect "warnings" "" "$(cat "$work/kelvalr.err")"
+quit_window
 finish

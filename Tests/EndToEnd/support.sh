@@ -75,6 +75,15 @@ click() {
     xdotool mousemove "${place[@]}" ${2:+keydown "$2"} click 1 ${2:+keyup "$2"}
 }
 
+# quit_window: by its key; it is the process $window_pid, and ends well and without a warning
+quit_window() {
+    xdotool key ctrl+q
+    timeout 20 tail --pid="$window_pid" -f /dev/null
+    wait "$window_pid" || expect "status of the window" 0 $?
+    window_pid=
+    expect "warnings" "" "$(cat "$work/kelvalr.err")"
+}
+
 # record_speaker: from now on into $work/speaker, by the process $recorder_pid
 record_speaker() {
     parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &

@@ -57,9 +57,5 @@ for photo in coast:0 dune:4 forest:0 lake:4 ridge:0; do
 done
 [ -z "${SCREENSHOT:-}" ] || import -window "$window" "$SCREENSHOT"
 
-xdotool key ctrl+q
-timeout 20 tail --pid="$window_pid" -f /dev/null
-wait "$window_pid" || expect "status of the window" 0 $?
-window_pid=
-expect "warnings" "" "$(cat "$work/kelvalr.err")"
+quit_window
 finish
