@@ -32,9 +32,16 @@ constexpr QStringView name = u"kelva";
 // with lie around it.
 constexpr Nearness mistaken{1.0, 2.2};
 constexpr Nearness alike{0.5, 2.4};
+constexpr Nearness begins{0, 1.2};
 
 /// What people say before they say the phrase.
 constexpr std::array<QStringView, 4> openings{u"okay", u"so", u"um", u"well"};
+
+/// Words in which the greeting could be heard, and short ones that are spoken in one breath with the word
+/// before them, as the end of the name: "they kill for", "a shelf of".
+constexpr std::array<QStringView, 5> otherGreetings{u"they", u"a", u"okay", u"say", u"may"};
+constexpr std::array<QStringView, 9> nameEnds{u"for", u"of",   u"a",  u"the", u"her",
+                                              u"are", u"well", u"to", u"if"};
 
 /// Words that the dictionary lacks or knows otherwise, the usual way to say them first. The name and the
 /// greeting have more than one, as accents differ: many voices round their L to a vowel, some raise their E.
@@ -77,16 +84,35 @@ QStringList sentences(const QStringList &mistakes)
     return all;
 }
 
-/// The phrase's greeting before words that sound like its name.
-QStringList likenesses(const QStringList &words)
+/// Words that sound like the name without its end.
+QStringList nameBeginnings(const QByteArray &spoken, const PronouncingDictionary &dictionary)
+{
+    const QByteArrayList phones = spoken.split(' ');
+    return wordsNear(phones.first(phones.size() - 2).join(' '), begins, dictionary) +
+           wordsNear(phones.first(phones.size() - 1).join(' '), begins, dictionary);
+}
+
+/// What sounds like the phrase, before commands.
+QStringList likenesses(const QStringList &names, const QStringList &beginnings)
 {
     CommandSentences commands(seed);
     QStringList all;
     all.reserve(sentenceCount);
     while (all.size() < sentenceCount) {
-        const double kind = commands.chance();
-        const QString likeness = u"%1 %2"_s.arg(greeting, commands.oneOf(words));
-        all.append(kind < 0.2 ? likeness : u"%1 %2"_s.arg(likeness, commands.next()));
+        QStringList words;
+        if (commands.chance() < 0.05) {
+            words.append(commands.oneOf(openings));
+        }
+        words.append(commands.chance() < 0.3 ? commands.oneOf(otherGreetings) : greeting.toString());
+        if (commands.chance() < 0.3) {
+            words << commands.oneOf(beginnings) << commands.oneOf(nameEnds);
+        } else {
+            words << commands.oneOf(names);
+        }
+        if (commands.chance() < 0.8) {
+            words << commands.next();
+        }
+        all.append(words.join(u' '));
     }
     return all;
 }
@@ -126,7 +152,8 @@ int main(int argc, char **argv)
     addOwnWords(*dictionary);
     const QByteArray spoken = dictionary->pronunciations(name.toString()).constFirst();
     const QStringList calls = sentences(wordsNear(spoken, mistaken, *dictionary));
-    const QStringList others = likenesses(wordsNear(spoken, alike, *dictionary));
+    const QStringList others =
+        likenesses(wordsNear(spoken, alike, *dictionary), nameBeginnings(spoken, *dictionary));
 
     QSet<QString> words;
     for (const QString &sentence : calls + others) {

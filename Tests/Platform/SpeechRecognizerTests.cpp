@@ -200,6 +200,19 @@ TEST_F(RecognizerTest, reportsNothingOnceARecognitionIsOver)
     EXPECT_EQ(soFar(), QStringList{u"hey kelva set contrast to ten"_s});
 }
 
+TEST(CommandDecoder, scoresAnUtteranceAlikeWhateverItHeardBefore)
+{
+    const auto decoder = CommandDecoder::make(SpeechModelFiles::installed(), {});
+    ASSERT_TRUE(decoder.has_value()) << qPrintable(decoder.error());
+    const QByteArray call = spoken("Hey Kelva, flag this photo in lightroom.");
+    const std::span samples(reinterpret_cast<const qint16 *>(call.constData()),
+                            static_cast<std::size_t>(call.size()) / sizeof(qint16));
+    const auto first = (*decoder)->decode(samples);
+    (void)(*decoder)->decode(noise(3000, 4000));
+    ASSERT_TRUE(first.has_value());
+    EXPECT_EQ((*decoder)->decode(samples), first);
+}
+
 TEST(PocketSphinxRecognizer, isNoneWithoutItsModels)
 {
     PocketSphinxRecognizer recognizer(SpeechModelFiles{u"/none"_s, {}, {}, {}, {}, {}});

@@ -1,5 +1,7 @@
 #include "Platform/Linux/Speech/CommandDecoder.h"
 
+#include "Platform/Linux/Speech/Cepstra.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -7,6 +9,7 @@
 
 #include <pocketsphinx.h>
 #include <sphinxbase/err.h>
+#include <sphinxbase/feat.h>
 
 #include <algorithm>
 #include <random>
@@ -24,11 +27,13 @@ constexpr const char *phoneSearch = "phones";
 constexpr QStringView greeting = u"hey";
 constexpr QStringView name = u"kelva";
 
-// Found on the tuning voices of Scripts/measure-wake-phrase. The phrases of their calls are above -2; down to
-// -5, hardly more words are taken for it, so that is left to voices that are unlike them. Ordinary speech in
-// which the phrase seems to be is below -28 as a whole, calls are above -22 but for one of a hundred.
-constexpr double leastPhraseScore = -5;
-constexpr double leastUtteranceScore = -22;
+// Found on synthetic voices that are not among those of the test. What is surely a command needs less of a
+// phrase, and the other way about.
+constexpr double leastScore = -12; ///< of the phrase, and of the utterance by its weight
+constexpr double utteranceWeight = 0.6;
+constexpr double leastUtteranceScore = -24;
+
+constexpr std::ptrdiff_t wordsAfterPhrase = 2; ///< as many as the language's memory is long
 
 constexpr double hiss = 40; ///< its standard deviation, 58 dB below full scale
 
@@ -135,13 +140,17 @@ std::expected<std::unique_ptr<CommandDecoder>, QString> CommandDecoder::make(con
         cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", QFile::encodeName(files.acoustic).constData(), "-dict",
                     QFile::encodeName(words).constData(), "-logfn", "/dev/null", nullptr));
     Decoder decoder(configuration ? ps_init(configuration.get()) : nullptr);
+    if (!decoder) {
+        return unusable;
+    }
+    ps_get_feat(decoder.get())->cmn = CMN_NONE; // Cepstra does that
     const auto listensFor = [&](const QString &language, const char *search) {
         const QString model = folder.filePath(u"lm"_s);
         return write(model, modelWithWords(contents(language), "[preset]", presets.words())) &&
                ps_set_lm_file(decoder.get(), search, QFile::encodeName(model).constData()) == 0;
     };
-    if (!decoder || !listensFor(files.commands, commandSearch) ||
-        !listensFor(files.likenesses, likenessSearch) || !listensForPhones(*decoder, files.phones)) {
+    if (!listensFor(files.commands, commandSearch) || !listensFor(files.likenesses, likenessSearch) ||
+        !listensForPhones(*decoder, files.phones)) {
         return unusable;
     }
     return std::unique_ptr<CommandDecoder>(new CommandDecoder(std::move(decoder), std::move(presets)));
@@ -149,15 +158,17 @@ std::expected<std::unique_ptr<CommandDecoder>, QString> CommandDecoder::make(con
 
 std::optional<DecodedUtterance> CommandDecoder::decode(std::span<const qint16> utterance)
 {
-    const std::vector<qint16> heard = inARoom(utterance);
-    const std::span<const qint16> samples(heard);
-    const Pass words = pass(commandSearch, samples);
+    ps_start_stream(m_decoder.get()); // what is known of the noise of earlier ones is forgotten
+    Cepstra cepstra(*ps_get_fe(m_decoder.get()), inARoom(utterance));
+    const std::span<float *> rows = cepstra.rows();
+    const Pass words = pass(commandSearch, rows);
     const std::optional<Phrase> phrase = phraseIn(words.segments);
     if (!phrase) {
         return std::nullopt;
     }
-    const Pass likenesses = pass(likenessSearch, samples);
-    const Pass sounds = pass(phoneSearch, samples);
+    const std::size_t near = std::min(rows.size(), framesAround(*phrase, words.segments));
+    const Pass likenesses = pass(likenessSearch, rows.first(near));
+    const Pass sounds = pass(phoneSearch, rows);
     const double lead = scoreOf(*phrase, words.segments) - scoreOf(*phrase, likenesses.segments);
     return DecodedUtterance{m_presets.withNames(words.text),
                             lead / wordScoreUnit / (phrase->last - phrase->first + 1),
@@ -166,10 +177,11 @@ std::optional<DecodedUtterance> CommandDecoder::decode(std::span<const qint16> u
 
 bool CommandDecoder::isConvincing(const DecodedUtterance &utterance)
 {
-    return utterance.phraseScore >= leastPhraseScore && utterance.utteranceScore >= leastUtteranceScore;
+    return utterance.phraseScore + utteranceWeight * utterance.utteranceScore >= leastScore &&
+           utterance.utteranceScore >= leastUtteranceScore;
 }
 
-CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<const qint16> samples)
+CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *> cepstra)
 {
     ps_decoder_t *decoder = m_decoder.get();
     ps_set_search(decoder, search);
@@ -178,7 +190,7 @@ CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<const qi
     }
     constexpr int searchNow = FALSE;
     constexpr int isWhole = TRUE;
-    ps_process_raw(decoder, samples.data(), samples.size(), searchNow, isWhole);
+    ps_process_cep(decoder, cepstra.data(), static_cast<int>(cepstra.size()), searchNow, isWhole);
     ps_end_utt(decoder);
 
     Pass pass;
@@ -206,6 +218,14 @@ std::optional<CommandDecoder::Phrase> CommandDecoder::phraseIn(const std::vector
         return std::nullopt;
     }
     return Phrase{before->first, called->last};
+}
+
+/// Up to the end of some words after the phrase: what comes then tells nothing of it.
+std::size_t CommandDecoder::framesAround(Phrase phrase, const std::vector<Segment> &segments)
+{
+    const auto called = std::ranges::find(segments, phrase.last, &Segment::last);
+    const std::ptrdiff_t left = segments.end() - called - 1;
+    return static_cast<std::size_t>(called[std::min(left, wordsAfterPhrase)].last) + 1;
 }
 
 /// A segment that is only partly within the phrase counts by that part.

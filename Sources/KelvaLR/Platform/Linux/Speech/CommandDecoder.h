@@ -49,9 +49,10 @@ struct DecodedUtterance
 
 /// Understands whole utterances as commands behind the wake phrase, by PocketSphinx. The same sound is
 /// decoded with the language of the commands and what they could be mistaken for, and, where the phrase seems
-/// to be in it, twice more: with words that sound like it in its place, which show whether it was that
-/// phrase, and as bare sounds, which show whether it was a command. Any one thread; decoding takes about a
-/// tenth of the time that was spoken.
+/// to be in it, twice more: the phrase with words that sound like it in its place, which show whether it was
+/// that phrase, and the whole as bare sounds, which show whether it was a command. What an utterance is
+/// scored does not depend on earlier ones. Any one thread; decoding takes less than a tenth of the time that
+/// was spoken.
 class CommandDecoder
 {
 public:
@@ -101,8 +102,9 @@ private:
         int last = 0;
     };
 
-    [[nodiscard]] Pass pass(const char *search, std::span<const qint16> samples);
+    [[nodiscard]] Pass pass(const char *search, std::span<float *> cepstra);
     [[nodiscard]] static std::optional<Phrase> phraseIn(const std::vector<Segment> &segments);
+    [[nodiscard]] static std::size_t framesAround(Phrase phrase, const std::vector<Segment> &segments);
     [[nodiscard]] static double scoreOf(Phrase phrase, const std::vector<Segment> &segments);
 
     Decoder m_decoder;
