@@ -10,15 +10,7 @@ cat >"$work/reply" <<'REPLY'
  "artifact": {"kind": "markdown", "title": "Warm and faded", "body": "- warmer\\n- lifted blacks"}}
 ```
 REPLY
-"$(dirname "$0")/chat-server.py" "$work/reply" >"$work/port" 2>"$work/requests" &
-chat_server=$!
-trap 'kill "$chat_server"; cleanup' EXIT
-for _ in $(seq 100); do
-    [ -s "$work/port" ] && break
-    sleep 0.05
-done
-OPENAI_BASE_URL=http://127.0.0.1:$(cat "$work/port")/v1
-export OPENAI_BASE_URL
+start_chat_server
 
 "$kelvalr" --install-plugin >/dev/null
 "$standin" --sample-photos "$work/photos"
@@ -46,9 +38,8 @@ expect "prompts that were sent" 1 "$(grep -c 'give this a warm, faded look' "$wo
 answer=$(KELVALR_OPENAI_API_KEY=wrong-key "$kelvalr" --prompt "give this a warm, faded look" 2>&1 | tail -n 1)
 expect "a key that is refused" "OpenAI request failed: HTTP 401" "$answer"
 
-kill "$chat_server"
-wait "$chat_server" || true
+kill "${programs[-1]}"
+wait "${programs[-1]}" || true
 expect "a service that is gone" "OpenAI request failed: Connection refused" \
     "$("$kelvalr" --prompt "give this a warm, faded look" | tail -n 1)"
-trap cleanup EXIT
 finish

@@ -4,12 +4,6 @@
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
 source "$here/support.sh"
-chat_server=
-
-end_chat_server() {
-    [ -z "$chat_server" ] || kill "$chat_server" 2>/dev/null || true
-}
-trap 'end_chat_server; cleanup' EXIT
 
 # answers REQUEST...: what KelvaLR says to each
 answers() {
@@ -41,15 +35,10 @@ expect "rating" 3 "$(xmp "$first" Xmp.xmp.Rating)"
 # A look in free words moves several sliders of the photo that is shown now.
 echo '{"message": "A bright look.", "action": {"type": "lr_adjust_sliders",
        "text": "Exposure:0.5:1;Contrast:20:0;Moonlight:1:0"}}' >"$work/reply"
-"$here/chat-server.py" "$work/reply" >"$work/port" 2>/dev/null &
-chat_server=$!
-for _ in $(seq 100); do
-    [ -s "$work/port" ] && break
-    sleep 0.05
-done
+start_chat_server
 expect "look" "A bright look.
 UI Accessibility Fallback: Adjusted 2 of 3 sliders." \
-    "$(OPENAI_BASE_URL=http://127.0.0.1:$(cat "$work/port")/v1 KELVALR_OPENAI_API_KEY=test-key answers "make it bright")"
+    "$(KELVALR_OPENAI_API_KEY=test-key answers "make it bright")"
 expect "exposure" "+0.50" "$(xmp "$second" Xmp.crs.Exposure2012)"
 expect "contrast" "+20" "$(xmp "$second" Xmp.crs.Contrast2012)"
 expect "typing" "Typed text into keyword." "$(answers "type sunset into the keyword field in lightroom")"

@@ -4,29 +4,14 @@
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
 source "$here/support.sh"
-export QT_QUICK_BACKEND=software
-window_pid=
-other_pid=
 
 lightroom_pid() { cat "$work/lightroom.pid" 2>/dev/null || true; }
 
-end_programs() {
-    for pid in $window_pid $other_pid $(lightroom_pid); do
-        kill -CONT "$pid" 2>/dev/null && kill "$pid" 2>/dev/null || true
-    done
+# It may be frozen.
+end_lightroom() {
+    for signal in TERM CONT; do lightroom_pid | xargs -r kill -s "$signal" 2>/dev/null || true; done
 }
-trap 'end_programs; cleanup' EXIT
-
-to_front() { timeout 20 xdotool windowactivate --sync "$window"; }
-
-# request TEXT ANSWER: types it into the composer and waits until the window shows the answer
-request() {
-    to_front
-    click "Ask KelvaLR"
-    xdotool type --delay 5 "$1"
-    xdotool key Return
-    shows "$2"
-}
+trap 'end_lightroom; cleanup' EXIT
 
 # hints NAME FINDING: waits until the window says so
 hints() {
@@ -50,10 +35,7 @@ printf '[Desktop Entry]\nType=Application\nName=Adobe Lightroom Classic\nExec=%s
 
 # Lightroom runs without the plug-in.
 open_standin --photos "$work/photos" --modules "$work/no-plugin"
-"$kelvalr" 2>"$work/kelvalr.err" &
-window_pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
-to_front
+open_window
 hints plugin-not-loaded "Lightroom is running, but the KelvaLR plug-in is not loaded."
 element "Reveal Installed Plugin" >/dev/null
 click "Open Lightroom Plug-in Manager"
@@ -86,13 +68,12 @@ python3 -c 'import socket
 server = socket.create_server(("127.0.0.1", 54321))
 clients = []
 while True: clients.append(server.accept())' &
-other_pid=$!
+programs+=($!)
 request "set contrast to 30" "Port 54321, which the KelvaLR plug-in needs, is used by python3."
 hints port-taken "Quit that program, then restart Lightroom."
 click "Dismiss"
 hides "Port 54321, which the KelvaLR plug-in needs, is used by python3."
-kill "$other_pid"
-other_pid=
+kill "${programs[-1]}"
 
 to_front
 quit_window

@@ -8,9 +8,11 @@ export HOME=$work/home LC_ALL=C.UTF-8
 unset XDG_DATA_HOME KELVALR_OPENAI_API_KEY OPENAI_API_KEY OPENAI_BASE_URL
 mkdir -p "$HOME"
 standin_pid=
+programs=() # that run beside the test and end with it
 failures=0
 
 cleanup() {
+    kill "${programs[@]}" 2>/dev/null || true
     stop_standin
     rm -rf "$work"
 }
@@ -54,7 +56,30 @@ expect() {
 # xmp SIDECAR KEY: the value of one key, empty when it is not there
 xmp() { exiv2 -Pv -K "$2" "$1" 2>/dev/null || true; }
 
-# shows TEXT: waits until the window of kelvalr does, whose standard error is in $work/kelvalr.err
+# start_chat_server: that answers with the content of $work/reply, at OPENAI_BASE_URL; $work/requests is what it was sent
+start_chat_server() {
+    "$(dirname "${BASH_SOURCE[0]}")/chat-server.py" "$work/reply" >"$work/port" 2>"$work/requests" &
+    programs+=($!)
+    for _ in $(seq 100); do
+        [ -s "$work/port" ] && break
+        sleep 0.05
+    done
+    OPENAI_BASE_URL=http://127.0.0.1:$(cat "$work/port")/v1
+    export OPENAI_BASE_URL
+}
+
+# open_window: of kelvalr, in front. It is $window, its process $window_pid, its standard error in $work/kelvalr.err.
+open_window() {
+    QT_QUICK_BACKEND=software "$kelvalr" 2>"$work/kelvalr.err" &
+    window_pid=$!
+    programs+=("$window_pid")
+    window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
+    to_front
+}
+
+to_front() { timeout 20 xdotool windowactivate --sync "$window"; }
+
+# shows TEXT: waits until that window does
 shows() {
     "$(dirname "${BASH_SOURCE[0]}")/window-element.py" "$1" >/dev/null || { cat "$work/kelvalr.err" >&2; exit 1; }
 }
@@ -75,19 +100,27 @@ click() {
     xdotool mousemove "${place[@]}" ${2:+keydown "$2"} click 1 ${2:+keyup "$2"}
 }
 
-# quit_window: by its key; it is the process $window_pid, and ends well and without a warning
+# request TEXT ANSWER: types it into the composer and waits until the window shows the answer
+request() {
+    to_front
+    click "Ask KelvaLR"
+    xdotool type --delay 5 "$1"
+    xdotool key Return
+    shows "$2"
+}
+
+# quit_window: by its key; it ends well and without a warning
 quit_window() {
     xdotool key ctrl+q
     timeout 20 tail --pid="$window_pid" -f /dev/null
     wait "$window_pid" || expect "status of the window" 0 $?
-    window_pid=
     expect "warnings" "" "$(cat "$work/kelvalr.err")"
 }
 
-# record_speaker: from now on into $work/speaker, by the process $recorder_pid
+# record_speaker: from now on into $work/speaker
 record_speaker() {
     parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
-    recorder_pid=$!
+    programs+=($!)
 }
 
 # seconds_of_sound [BYTE]: how long the speaker has been louder than a whisper since that place of the recording
@@ -102,6 +135,16 @@ samples.frombytes(data[: len(data) // 2 * 2])
 loud = [place for place, sample in enumerate(samples) if abs(sample) > 600]
 print((loud[-1] - loud[0]) // 24000 if loud else 0)
 END
+}
+
+# hears SECONDS [BYTE]: waits until the speaker has been heard for so long since that place of the recording
+hears() {
+    local deadline=$((SECONDS + 20)) heard=0
+    until [ "$heard" -ge "$1" ] || [ "$SECONDS" -ge "$deadline" ]; do
+        sleep 0.1
+        heard=$(seconds_of_sound "${2:-0}")
+    done
+    [ "$heard" -ge "$1" ] || expect "seconds of sound" "$1 or more" "$heard"
 }
 
 finish() {

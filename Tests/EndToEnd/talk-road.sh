@@ -6,17 +6,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 talk_server=$3
 # shellcheck source=Tests/EndToEnd/support.sh
 source "$here/support.sh"
-export QT_QUICK_BACKEND=software KELVALR_OPENAI_API_KEY=test-key
-window_pid=
-recorder_pid=
-server_pid=
-
-end_programs() {
-    for pid in $window_pid $recorder_pid $server_pid; do
-        kill "$pid" 2>/dev/null || true
-    done
-}
-trap 'end_programs; cleanup' EXIT
+export KELVALR_OPENAI_API_KEY=test-key
 
 # told LINE: waits until the service says that it was
 told() {
@@ -28,7 +18,7 @@ told() {
 }
 
 "$talk_server" >"$work/service" &
-server_pid=$!
+programs+=($!)
 told "http://.*"
 OPENAI_BASE_URL=$(head -n 1 "$work/service")
 export OPENAI_BASE_URL
@@ -38,10 +28,7 @@ export OPENAI_BASE_URL
 start_standin --photos "$work/photos"
 first=$(find "$work/photos" -name '*.jpg' | sort | head -n 1)
 record_speaker
-"$kelvalr" 2>"$work/kelvalr.err" &
-window_pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
-timeout 20 xdotool windowactivate --sync "$window"
+open_window
 
 xdotool key ctrl+shift+v
 told "voice session"
@@ -51,11 +38,7 @@ paplay "$work/request.wav"
 shows "I raised the exposure by one."
 told "Lightroom Classic: Adjusted Exposure on 1 photo to 1"
 expect "exposure" "+1.00" "$(xmp "${first%.jpg}.xmp" Xmp.crs.Exposure2012)"
-for _ in $(seq 50); do
-    [ "$(seconds_of_sound 0)" -ge 1 ] && break
-    sleep 0.1
-done
-[ "$(seconds_of_sound 0)" -ge 1 ] || expect "seconds of the answer" "1 or more" "$(seconds_of_sound 0)"
+hears 1
 [ -z "${SCREENSHOT:-}" ] || import -window "$window" "$SCREENSHOT"
 
 xdotool key ctrl+shift+q

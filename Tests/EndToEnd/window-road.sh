@@ -4,21 +4,6 @@
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
 source "$here/support.sh"
-export QT_QUICK_BACKEND=software
-window_pid=
-
-end_window() {
-    [ -z "$window_pid" ] || kill "$window_pid" 2>/dev/null || true
-}
-trap 'end_window; cleanup' EXIT
-
-# request TEXT ANSWER: types it into the composer and waits until the window shows the answer
-request() {
-    click "Ask KelvaLR"
-    xdotool type --delay 5 "$1"
-    xdotool key Return
-    element "$2" >/dev/null
-}
 
 "$kelvalr" --install-plugin >/dev/null
 "$standin" --sample-photos "$work/samples"
@@ -33,10 +18,7 @@ cp "${samples[0]}" "$work/more/forest.jpg"
 cp "${samples[1]}" "$work/more/lake.jpg"
 cp "${samples[2]}" "$work/more/ridge.jpg"
 
-"$kelvalr" 2>"$work/kelvalr.err" &
-window_pid=$!
-window=$(timeout 20 xdotool search --sync --onlyvisible --pid "$window_pid" --name '^KelvaLR$')
-timeout 20 xdotool windowactivate --sync "$window"
+open_window
 
 # A desktop finds the entry of the window by its class.
 expect "class of the window" "$(sed -n 's/^StartupWMClass=//p' "$here/../../Packaging/org.kelvalr.KelvaLR.desktop")" \
