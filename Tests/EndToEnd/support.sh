@@ -1,6 +1,8 @@
 # Sourced by the end-to-end tests: a home of their own, the stand-in, and checks that say what differs.
 # shellcheck shell=bash
 set -euo pipefail
+# shellcheck source=Tests/expect.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../expect.sh"
 kelvalr=$1
 standin=$2
 work=$(mktemp -d)
@@ -9,7 +11,6 @@ unset XDG_DATA_HOME KELVALR_OPENAI_API_KEY OPENAI_API_KEY OPENAI_BASE_URL
 mkdir -p "$HOME"
 standin_pid=
 programs=() # that run beside the test and end with it
-failures=0
 
 cleanup() {
     kill "${programs[@]}" 2>/dev/null || true
@@ -44,13 +45,6 @@ stop_standin() {
     kill "$standin_pid" 2>/dev/null || true
     wait "$standin_pid" || { echo "the stand-in did not end cleanly"; failures=$((failures + 1)); }
     standin_pid=
-}
-
-# expect NAME EXPECTED ACTUAL
-expect() {
-    [ "$2" = "$3" ] && return 0
-    printf '%s differs\n--- expected\n%s\n--- actual\n%s\n' "$1" "$2" "$3"
-    failures=$((failures + 1))
 }
 
 # xmp SIDECAR KEY: the value of one key, empty when it is not there
@@ -147,7 +141,8 @@ hears() {
     [ "$heard" -ge "$1" ] || expect "seconds of sound" "$1 or more" "$heard"
 }
 
+# finish: ends the test
 finish() {
     stop_standin
-    [ "$failures" -eq 0 ] || { echo "$failures checks failed"; exit 1; }
+    report
 }
