@@ -35,6 +35,8 @@ constexpr double leastUtteranceScore = -24;
 
 constexpr std::ptrdiff_t wordsAfterPhrase = 2; ///< as many as the language's memory is long
 
+constexpr std::size_t framesAtOnce = 100; ///< decoded in a tenth of a second, a fifth at most
+
 constexpr double hiss = 40; ///< its standard deviation, 58 dB below full scale
 
 /// The score of the sound of a word carries ten bits more than that of an utterance.
@@ -156,19 +158,23 @@ std::expected<std::unique_ptr<CommandDecoder>, QString> CommandDecoder::make(con
     return std::unique_ptr<CommandDecoder>(new CommandDecoder(std::move(decoder), std::move(presets)));
 }
 
-std::optional<DecodedUtterance> CommandDecoder::decode(std::span<const qint16> utterance)
+std::optional<DecodedUtterance> CommandDecoder::decode(std::span<const qint16> utterance,
+                                                       const std::function<bool()> &isWanted)
 {
     ps_start_stream(m_decoder.get()); // what is known of the noise of earlier ones is forgotten
     Cepstra cepstra(*ps_get_fe(m_decoder.get()), inARoom(utterance));
     const std::span<float *> rows = cepstra.rows();
-    const Pass words = pass(commandSearch, rows);
+    const Pass words = pass(commandSearch, rows, isWanted);
     const std::optional<Phrase> phrase = phraseIn(words.segments);
     if (!phrase) {
         return std::nullopt;
     }
     const std::size_t near = std::min(rows.size(), framesAround(*phrase, words.segments));
-    const Pass likenesses = pass(likenessSearch, rows.first(near));
-    const Pass sounds = pass(phoneSearch, rows);
+    const Pass likenesses = pass(likenessSearch, rows.first(near), isWanted);
+    const Pass sounds = pass(phoneSearch, rows, isWanted);
+    if (!isWanted()) {
+        return std::nullopt;
+    }
     const double lead = scoreOf(*phrase, words.segments) - scoreOf(*phrase, likenesses.segments);
     return DecodedUtterance{m_presets.withNames(words.text),
                             lead / wordScoreUnit / (phrase->last - phrase->first + 1),
@@ -181,7 +187,8 @@ bool CommandDecoder::isConvincing(const DecodedUtterance &utterance)
            utterance.utteranceScore >= leastUtteranceScore;
 }
 
-CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *> cepstra)
+CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *> cepstra,
+                                          const std::function<bool()> &isWanted)
 {
     ps_decoder_t *decoder = m_decoder.get();
     ps_set_search(decoder, search);
@@ -189,8 +196,12 @@ CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *>
         return {};
     }
     constexpr int searchNow = FALSE;
-    constexpr int isWhole = TRUE;
-    ps_process_cep(decoder, cepstra.data(), static_cast<int>(cepstra.size()), searchNow, isWhole);
+    constexpr int isWhole = FALSE;
+    for (std::span<float *> rest = cepstra; !rest.empty() && isWanted();) {
+        const std::size_t piece = std::min(rest.size(), framesAtOnce);
+        ps_process_cep(decoder, rest.data(), static_cast<int>(piece), searchNow, isWhole);
+        rest = rest.subspan(piece);
+    }
     ps_end_utt(decoder);
 
     Pass pass;

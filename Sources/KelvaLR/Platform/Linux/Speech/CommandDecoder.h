@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <expected>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -62,9 +63,11 @@ public:
     ~CommandDecoder();
     Q_DISABLE_COPY_MOVE(CommandDecoder)
 
-    /// None when the wake phrase is not in it.
+    /// None when the wake phrase is not in it, or when somebody lost interest.
     /// @param utterance signed 16-bit integers, one channel, 16 kHz
-    [[nodiscard]] std::optional<DecodedUtterance> decode(std::span<const qint16> utterance);
+    /// @param isWanted asked every tenth of a second or so
+    [[nodiscard]] std::optional<DecodedUtterance> decode(std::span<const qint16> utterance,
+                                                         const std::function<bool()> &isWanted);
 
     /// Whether what was decoded is good enough to be acted on.
     [[nodiscard]] static bool isConvincing(const DecodedUtterance &utterance);
@@ -102,7 +105,8 @@ private:
         int last = 0;
     };
 
-    [[nodiscard]] Pass pass(const char *search, std::span<float *> cepstra);
+    [[nodiscard]] Pass pass(const char *search, std::span<float *> cepstra,
+                            const std::function<bool()> &isWanted);
     [[nodiscard]] static std::optional<Phrase> phraseIn(const std::vector<Segment> &segments);
     [[nodiscard]] static std::size_t framesAround(Phrase phrase, const std::vector<Segment> &segments);
     [[nodiscard]] static double scoreOf(Phrase phrase, const std::vector<Segment> &segments);

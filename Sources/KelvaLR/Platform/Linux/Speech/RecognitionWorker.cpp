@@ -76,7 +76,7 @@ void RecognitionWorker::step(std::span<const qint16> frame)
 
 void RecognitionWorker::decode()
 {
-    m_understood = m_decoder->decode(m_gate.utterance());
+    m_understood = m_decoder->decode(m_gate.utterance(), [this] { return m_channel->isOpen(); });
     if (m_understood && !CommandDecoder::isConvincing(*m_understood)) {
         m_understood.reset();
     }
