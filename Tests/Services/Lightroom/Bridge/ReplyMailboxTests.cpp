@@ -82,8 +82,8 @@ TEST_F(ReplyMailboxTest, refusesWhatIsNotAReplyOfOurs)
     for (const Case &one : cases) {
         one.prepare();
         EXPECT_EQ(takeReply(shortReply), std::nullopt) << one.name;
-        QDir().rmdir(path);
-        QFile::remove(path);
+        EXPECT_TRUE(!QFileInfo(path).isSymLink() && (!QFile::exists(path) || QDir().rmdir(path)))
+            << one.name << " is left, and is not a directory";
     }
 }
 

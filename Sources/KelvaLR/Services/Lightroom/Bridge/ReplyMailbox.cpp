@@ -24,6 +24,11 @@ ReplyMailbox::ReplyMailbox(const BridgeEndpoint &endpoint, const QString &reques
     m_watcher.addPath(endpoint.replyDirectory);
 }
 
+ReplyMailbox::~ReplyMailbox()
+{
+    discard();
+}
+
 QCoro::Task<std::optional<QString>> ReplyMailbox::takeReply(const QObject *owner)
 {
     const QPointer<const QObject> waiting(owner);

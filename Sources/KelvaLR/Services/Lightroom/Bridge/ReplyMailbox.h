@@ -20,6 +20,11 @@ class ReplyMailbox
 public:
     ReplyMailbox(const BridgeEndpoint &endpoint, const QString &requestID, BridgeTiming timing);
 
+    /// Removes what lies there: a reply that was begun and never finished, as by a plug-in that was killed
+    /// over it. One that only comes later stays.
+    ~ReplyMailbox();
+    Q_DISABLE_COPY_MOVE(ReplyMailbox)
+
     /// Waits for the reply, takes it out and gives its text; none when none came in time. Ends early, within
     /// one poll, when `owner` is destroyed.
     QCoro::Task<std::optional<QString>> takeReply(const QObject *owner);
