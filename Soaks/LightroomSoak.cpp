@@ -207,6 +207,12 @@ private:
         std::printf("Memory: at most %.1f MB in the first %lld minutes, %.1f MB after.\n", m_highestAtFirst,
                     static_cast<long long>(settlingTime.count()), m_highestLater);
         std::printf("Replies left: %lld\n", static_cast<long long>(left.size()));
+        for (const QString &reply : left) {
+            const QFileInfo info(QDir(BridgeEndpoint().replyDirectory), reply);
+            std::printf("  %s, %lld bytes, %lld s ago\n", qPrintable(reply),
+                        static_cast<long long>(info.size()),
+                        static_cast<long long>(info.lastModified().secsTo(QDateTime::currentDateTime())));
+        }
         for (auto row = m_tally.by.begin(); row != m_tally.by.end(); ++row) {
             std::printf("%7lld  %s ...\n", static_cast<long long>(row.value()), qPrintable(row.key()));
         }

@@ -64,6 +64,10 @@ void UnsteadyLightroom::calmDown()
 {
     m_isCalm = true;
     m_next.disconnect(this);
+    if (std::exchange(m_isHanging, false)) {
+        signal(SIGKILL); // or it would do what was given up long ago
+        m_isReady = false;
+    }
     signal(SIGCONT);
     m_stranger.close();
     if (!m_isReady) {
@@ -110,8 +114,10 @@ void UnsteadyLightroom::freeze(milliseconds length)
 void UnsteadyLightroom::hang()
 {
     signal(SIGSTOP);
+    m_isHanging = true;
     connect(&m_next, &QTimer::timeout, this, [this] {
         m_next.disconnect(this);
+        m_isHanging = false;
         signal(SIGKILL);
         goDown(0ms);
     });

@@ -58,6 +58,7 @@ private:
     QTimer m_next; ///< the next disturbance, or the end of this one
     bool m_isReady = false;
     bool m_isCalm = false;
+    bool m_isHanging = false;
     Counts m_counts;
 };
 
