@@ -21,7 +21,8 @@ namespace {
 constexpr int sampleRate = 24'000;
 constexpr qsizetype deltaBytes = 9600;
 constexpr int loud = 2000;
-constexpr int loudBlocks = 10; ///< after which somebody has spoken
+constexpr int loudBlocks = 10;  ///< after which somebody has spoken
+constexpr int quietBlocks = 12; ///< after which they have ended: half a second
 
 bool isLoud(const QByteArray &pcm)
 {
@@ -84,8 +85,13 @@ private:
 
     void hear(const QByteArray &pcm)
     {
-        m_loudBlocks += isLoud(pcm) ? 1 : 0;
-        if (m_loudBlocks < loudBlocks || m_hasAsked) {
+        if (isLoud(pcm)) {
+            ++m_loudBlocks;
+            m_quietBlocks = 0;
+        } else {
+            ++m_quietBlocks;
+        }
+        if (m_loudBlocks < loudBlocks || m_quietBlocks < quietBlocks || m_hasAsked) {
             return;
         }
         m_hasAsked = true;
@@ -118,6 +124,7 @@ private:
 
     ScriptedRealtimeServer m_server;
     int m_loudBlocks = 0;
+    int m_quietBlocks = 0; ///< one after the other
     bool m_hasAsked = false;
 };
 
@@ -126,7 +133,7 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    const TalkServer server;
+    TalkServer server;
     say(server.baseUrl());
     return QCoreApplication::exec();
 }

@@ -14,6 +14,7 @@ programs=() # that run beside the test and end with it
 
 cleanup() {
     kill "${programs[@]}" 2>/dev/null || true
+    for pid in "${programs[@]}"; do timeout 10 tail --pid="$pid" -f /dev/null || true; done
     stop_standin
     rm -rf "$work"
 }
@@ -58,6 +59,7 @@ start_chat_server() {
         [ -s "$work/port" ] && break
         sleep 0.05
     done
+    [ -s "$work/port" ] || { echo "the chat service did not get ready"; exit 1; }
     OPENAI_BASE_URL=http://127.0.0.1:$(cat "$work/port")/v1
     export OPENAI_BASE_URL
 }
@@ -116,6 +118,9 @@ record_speaker() {
     parec --device=speaker.monitor --format=s16le --rate=24000 --channels=1 --latency-msec=20 --raw >"$work/speaker" &
     programs+=($!)
 }
+
+# recorded: how many bytes
+recorded() { stat --format=%s "$work/speaker"; }
 
 # seconds_of_sound [BYTE]: how long the speaker has been louder than a whisper since that place of the recording
 seconds_of_sound() {

@@ -35,10 +35,11 @@ told "voice session"
 shows "Speak naturally. KelvaLR is listening."
 flite -voice rms -t "Please raise the exposure by one." -o "$work/request.wav"
 paplay "$work/request.wav"
+spoken=$(recorded)
 shows "I raised the exposure by one."
 told "Lightroom Classic: Adjusted Exposure on 1 photo to 1"
 expect "exposure" "+1.00" "$(xmp "${first%.jpg}.xmp" Xmp.crs.Exposure2012)"
-hears 1
+hears 1 "$spoken"
 [ -z "${SCREENSHOT:-}" ] || import -window "$window" "$SCREENSHOT"
 
 xdotool key ctrl+shift+q

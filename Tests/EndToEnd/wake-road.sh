@@ -7,8 +7,6 @@ here=$(cd "$(dirname "$0")" && pwd)
 source "$here/support.sh"
 export KELVALR_PRESET_FOLDERS=$here/../../Sources/LightroomStandIn/Presets
 
-recorded() { stat --format=%s "$work/speaker"; }
-
 # say WORDS ANSWER: behind the phrase, once the program listens; until the answer is shown and has been heard
 say() {
     local spoken

@@ -24,7 +24,7 @@ remaining=. # which processes count, by their command lines
 # remains: the processes and files of any session of this test
 remains() {
     grep -lzF "=$TMPDIR/${session##*/}." /proc/[0-9]*/environ 2>/dev/null |
-        while IFS=/ read -r _ _ pid _; do tr '\0' ' ' <"/proc/$pid/cmdline" 2>/dev/null || true; done |
+        while IFS=/ read -r _ _ pid _; do { tr '\0' ' ' <"/proc/$pid/cmdline" && echo; } 2>/dev/null || true; done |
         grep "$remaining"
     ls -A "$TMPDIR"
 }
