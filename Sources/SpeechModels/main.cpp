@@ -1,8 +1,8 @@
 // speech_models DICTIONARY FOLDER: writes what the recogniser of the wake phrase listens with, from the
 // tables of the command language and a pronouncing dictionary of English. In FOLDER/commands.lm are the
 // commands, alone and behind the phrase, and words that the phrase could be mistaken for; in
-// FOLDER/likenesses.lm the same commands behind nothing but words that sound like the phrase, which it is
-// compared with; in FOLDER/commands.dict how all of them are spoken. Run by the build.
+// FOLDER/likenesses.lm the same commands behind words that sound like the phrase, but never the phrase, which
+// it is compared with; in FOLDER/commands.dict how all of them are spoken. Run by the build.
 
 #include "CommandSentences.h"
 #include "NearWords.h"
@@ -84,12 +84,15 @@ QStringList sentences(const QStringList &mistakes)
     return all;
 }
 
-/// Words that sound like the name without its end.
+/// Words that sound like the name without its end, but not like the name.
 QStringList nameBeginnings(const QByteArray &spoken, const PronouncingDictionary &dictionary)
 {
     const QByteArrayList phones = spoken.split(' ');
-    return wordsNear(phones.first(phones.size() - 2).join(' '), begins, dictionary) +
-           wordsNear(phones.first(phones.size() - 1).join(' '), begins, dictionary);
+    QStringList words = wordsNear(phones.first(phones.size() - 2).join(' '), begins, dictionary) +
+                        wordsNear(phones.first(phones.size() - 1).join(' '), begins, dictionary);
+    const QStringList same = wordsNear(spoken, {0, alike.nearest}, dictionary);
+    words.removeIf([&](const QString &word) { return same.contains(word); });
+    return words;
 }
 
 /// What sounds like the phrase, before commands.

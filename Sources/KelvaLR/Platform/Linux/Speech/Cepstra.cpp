@@ -37,8 +37,8 @@ Cepstra::Cepstra(fe_t &frontEnd, std::span<const qint16> samples)
     m_rows.resize(static_cast<std::size_t>(frames) + static_cast<std::size_t>(rest));
 
     const std::unique_ptr<cmn_t, FreeMean> mean(cmn_init(static_cast<int>(size)));
-    constexpr int keepsVariance = FALSE;
-    cmn(mean.get(), m_rows.data(), keepsVariance, static_cast<int>(m_rows.size()));
+    constexpr int alsoVariance = FALSE;
+    cmn(mean.get(), m_rows.data(), alsoVariance, static_cast<int>(m_rows.size()));
 }
 
 } // namespace KelvaLR

@@ -33,9 +33,7 @@ constexpr double leastScore = -12; ///< of the phrase, and of the utterance by i
 constexpr double utteranceWeight = 0.6;
 constexpr double leastUtteranceScore = -24;
 
-constexpr std::ptrdiff_t wordsAfterPhrase = 2; ///< as many as the language's memory is long
-
-constexpr std::size_t framesAtOnce = 100; ///< decoded in a tenth of a second, a fifth at most
+constexpr int wordsAfterPhrase = 2; ///< as many as the language's memory is long
 
 constexpr double hiss = 40; ///< its standard deviation, 58 dB below full scale
 
@@ -83,6 +81,12 @@ bool listensForPhones(ps_decoder_t &decoder, const QString &phones)
     cmd_ln_set_float_r(shared, "-pbeam", 1e-20);
     cmd_ln_set_boolean_r(shared, "-allphone_ci", TRUE);
     return ps_set_allphone_file(&decoder, phoneSearch, QFile::encodeName(phones).constData()) == 0;
+}
+
+/// Silence and noise, the beginning and the end of a sentence.
+bool isFiller(QStringView word)
+{
+    return word.startsWith(u'<') || word.startsWith(u'[');
 }
 
 /// The word of a segment without the number of its pronunciation: "kelva(2)" is kelva.
@@ -164,17 +168,17 @@ std::optional<DecodedUtterance> CommandDecoder::decode(std::span<const qint16> u
     ps_start_stream(m_decoder.get()); // what is known of the noise of earlier ones is forgotten
     Cepstra cepstra(*ps_get_fe(m_decoder.get()), inARoom(utterance));
     const std::span<float *> rows = cepstra.rows();
-    const Pass words = pass(commandSearch, rows, isWanted);
+    const Pass words = pass(commandSearch, rows);
     const std::optional<Phrase> phrase = phraseIn(words.segments);
-    if (!phrase) {
+    if (!phrase || !isWanted()) {
         return std::nullopt;
     }
     const std::size_t near = std::min(rows.size(), framesAround(*phrase, words.segments));
-    const Pass likenesses = pass(likenessSearch, rows.first(near), isWanted);
-    const Pass sounds = pass(phoneSearch, rows, isWanted);
+    const Pass likenesses = pass(likenessSearch, rows.first(near));
     if (!isWanted()) {
         return std::nullopt;
     }
+    const Pass sounds = pass(phoneSearch, rows);
     const double lead = scoreOf(*phrase, words.segments) - scoreOf(*phrase, likenesses.segments);
     return DecodedUtterance{m_presets.withNames(words.text),
                             lead / wordScoreUnit / (phrase->last - phrase->first + 1),
@@ -187,8 +191,7 @@ bool CommandDecoder::isConvincing(const DecodedUtterance &utterance)
            utterance.utteranceScore >= leastUtteranceScore;
 }
 
-CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *> cepstra,
-                                          const std::function<bool()> &isWanted)
+CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *> cepstra)
 {
     ps_decoder_t *decoder = m_decoder.get();
     ps_set_search(decoder, search);
@@ -196,12 +199,8 @@ CommandDecoder::Pass CommandDecoder::pass(const char *search, std::span<float *>
         return {};
     }
     constexpr int searchNow = FALSE;
-    constexpr int isWhole = FALSE;
-    for (std::span<float *> rest = cepstra; !rest.empty() && isWanted();) {
-        const std::size_t piece = std::min(rest.size(), framesAtOnce);
-        ps_process_cep(decoder, rest.data(), static_cast<int>(piece), searchNow, isWhole);
-        rest = rest.subspan(piece);
-    }
+    constexpr int isWhole = TRUE;
+    ps_process_cep(decoder, cepstra.data(), static_cast<int>(cepstra.size()), searchNow, isWhole);
     ps_end_utt(decoder);
 
     Pass pass;
@@ -234,9 +233,15 @@ std::optional<CommandDecoder::Phrase> CommandDecoder::phraseIn(const std::vector
 /// Up to the end of some words after the phrase: what comes then tells nothing of it.
 std::size_t CommandDecoder::framesAround(Phrase phrase, const std::vector<Segment> &segments)
 {
-    const auto called = std::ranges::find(segments, phrase.last, &Segment::last);
-    const std::ptrdiff_t left = segments.end() - called - 1;
-    return static_cast<std::size_t>(called[std::min(left, wordsAfterPhrase)].last) + 1;
+    int last = phrase.last;
+    int words = 0;
+    for (const Segment &segment : segments) {
+        if (segment.first > phrase.last && words < wordsAfterPhrase) {
+            last = segment.last;
+            words += isFiller(segment.word) ? 0 : 1;
+        }
+    }
+    return static_cast<std::size_t>(last) + 1;
 }
 
 /// A segment that is only partly within the phrase counts by that part.

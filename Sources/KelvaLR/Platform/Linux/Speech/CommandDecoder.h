@@ -24,7 +24,7 @@ struct SpeechModelFiles
     QString phones;     ///< language model of its phones
     QString dictionary; ///< pronouncing dictionary of English
     QString commands;   ///< language model of the commands, with "[preset]" for any preset
-    QString likenesses; ///< the same with words in the name's place that sound like it
+    QString likenesses; ///< the same behind words that sound like the phrase
     QString words;      ///< dictionary of their words
 
     bool operator==(const SpeechModelFiles &) const = default;
@@ -65,7 +65,7 @@ public:
 
     /// None when the wake phrase is not in it, or when somebody lost interest.
     /// @param utterance signed 16-bit integers, one channel, 16 kHz
-    /// @param isWanted asked every tenth of a second or so
+    /// @param isWanted asked between the decodings
     [[nodiscard]] std::optional<DecodedUtterance> decode(std::span<const qint16> utterance,
                                                          const std::function<bool()> &isWanted);
 
@@ -105,8 +105,7 @@ private:
         int last = 0;
     };
 
-    [[nodiscard]] Pass pass(const char *search, std::span<float *> cepstra,
-                            const std::function<bool()> &isWanted);
+    [[nodiscard]] Pass pass(const char *search, std::span<float *> cepstra);
     [[nodiscard]] static std::optional<Phrase> phraseIn(const std::vector<Segment> &segments);
     [[nodiscard]] static std::size_t framesAround(Phrase phrase, const std::vector<Segment> &segments);
     [[nodiscard]] static double scoreOf(Phrase phrase, const std::vector<Segment> &segments);

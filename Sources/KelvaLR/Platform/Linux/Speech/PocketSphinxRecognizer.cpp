@@ -70,7 +70,7 @@ PocketSphinxRecognizer::PocketSphinxRecognizer(SpeechModelFiles files)
 PocketSphinxRecognizer::~PocketSphinxRecognizer()
 {
     m_thread.quit();
-    m_thread.wait(); // for a tenth of a second; for one where the models are being loaded
+    m_thread.wait(); // for one decoding at most, or the loading of the models: a second or two
 }
 
 QCoro::Task<bool> PocketSphinxRecognizer::requestAccess()
