@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <memory>
 #include <numbers>
 
 using namespace KelvaLR::Testing;
@@ -133,7 +134,7 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    TalkServer server;
-    say(server.baseUrl());
+    const auto server = std::make_unique<TalkServer>();
+    say(server->baseUrl());
     return QCoreApplication::exec();
 }
