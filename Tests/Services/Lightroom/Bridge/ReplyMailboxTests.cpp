@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -128,6 +129,15 @@ TEST_F(ReplyMailboxTest, seesAReplyAtOnceHoweverItIsWritten)
         EXPECT_EQ(takeReply(rarePoll), u"{}\n"_s);
         EXPECT_LT(clock.elapsed(), 10'000);
     }
+}
+
+TEST_F(ReplyMailboxTest, takesAReplyThatCameWhileTheProgramStoodStill)
+{
+    later(20ms, [this] {
+        QThread::msleep(200); // past the deadline
+        write(path, "{}\n");
+    });
+    EXPECT_EQ(takeReply(shortReply), u"{}\n"_s);
 }
 
 TEST_F(ReplyMailboxTest, findsAReplyByPollingWhereNothingCanBeWatched)

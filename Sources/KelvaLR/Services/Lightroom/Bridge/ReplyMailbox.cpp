@@ -33,9 +33,12 @@ QCoro::Task<std::optional<QString>> ReplyMailbox::takeReply(const QObject *owner
 {
     const QPointer<const QObject> waiting(owner);
     const QDeadlineTimer deadline(m_timing.reply);
-    while (waiting && !deadline.hasExpired()) {
+    while (waiting) {
         if (std::optional<QString> reply = take()) {
             co_return reply;
+        }
+        if (deadline.hasExpired()) {
+            break; // behind a last look: a busy computer may have come back late
         }
         m_pause.start(std::min(m_timing.poll, std::chrono::ceil<BridgeTiming::milliseconds>(
                                                   deadline.remainingTimeAsDuration())));
