@@ -52,8 +52,8 @@ struct DecodedUtterance
 /// decoded with the language of the commands and what they could be mistaken for, and, where the phrase seems
 /// to be in it, twice more: the phrase with words that sound like it in its place, which show whether it was
 /// that phrase, and the whole as bare sounds, which show whether it was a command. What an utterance is
-/// scored does not depend on earlier ones. Any one thread; decoding takes less than a tenth of the time that
-/// was spoken.
+/// scored does not depend on earlier ones. Any one thread; a command is decoded in a tenth of the time in
+/// which it was spoken, long speech without a pause in a quarter.
 class CommandDecoder
 {
 public:
