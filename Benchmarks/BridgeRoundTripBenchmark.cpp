@@ -3,6 +3,8 @@
 //
 //     bridge_round_trip_benchmark [pings [commands]]
 
+#include "ResidentMemory.h"
+
 #include "Platform/Unavailable/UnavailableAccessibility.h"
 #include "Platform/Unavailable/UnavailableInputEvents.h"
 #include "Platform/Unavailable/UnavailableLightroomMenus.h"
@@ -14,15 +16,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
-
-#include <unistd.h>
 
 namespace {
 
@@ -49,15 +47,6 @@ struct BridgeOnly
 qsizetype repliesLeft()
 {
     return QDir(BridgeEndpoint().replyDirectory).entryList({u"kelvalr-lightroom-*.json"_s}).size();
-}
-
-double residentMegabytes()
-{
-    QFile file(u"/proc/self/statm"_s);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return std::nan("");
-    }
-    return file.readAll().split(' ').value(1).toDouble() * double(::sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
 void printRoundTrips(QList<double> milliseconds)
@@ -91,7 +80,7 @@ QCoro::Task<bool> measureRoundTrips(LightroomService &service, int pings)
 QCoro::Task<bool> measureWhatIsLeft(LightroomService &service, int commands)
 {
     const qsizetype repliesBefore = repliesLeft();
-    const double memoryBefore = residentMegabytes();
+    const double memoryBefore = allocatedMegabytes();
     int unanswered = 0;
     for (int i = 0; i < commands; ++i) {
         if (!co_await service.sendPluginCommand({.action = LightroomPluginAction::getStatus})) {
@@ -102,7 +91,7 @@ QCoro::Task<bool> measureWhatIsLeft(LightroomService &service, int commands)
     std::printf(
         "%d commands in a row: %d unanswered, %lld reply files left behind, memory %.1f MB before and "
         "%.1f MB after, a command is %s in flight\n",
-        commands, unanswered, static_cast<long long>(replies), memoryBefore, residentMegabytes(),
+        commands, unanswered, static_cast<long long>(replies), memoryBefore, allocatedMegabytes(),
         service.isCommandInFlight() ? "stuck" : "no longer");
     co_return unanswered == 0 && replies == 0 && !service.isCommandInFlight();
 }
