@@ -45,6 +45,7 @@ TEST(CommandLine, saysWhatTheProgramWasStartedFor)
                                      {u"--open-section=chat"_s, u"--create-note=a"_s},
                                      {u"--create-note=a"_s, u"--prompt=a"_s},
                                      {u"--create-note=a"_s, u"--allow-computer-control=yes"_s},
+                                     {u"--explain"_s, u"--allow-computer-control=yes"_s},
                                      {u"--prompt"_s},
                                      {u"stray"_s},
                                      {u"--allow-computer-control=maybe"_s},

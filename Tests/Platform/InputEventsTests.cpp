@@ -161,10 +161,22 @@ TEST_F(InputEventsOnWitness, unknownKeysAndControlCharactersAreSkipped)
 TEST_F(InputEventsOnWitness, aProgramThatMustNotReceiveThemGetsNone)
 {
     XTestInputEvents input(m_connection, settledAtOnce, [] { return false; });
-    waitForTask(input.postKey(keyA, {}));
-    waitForTask(input.postText(u"a"_s));
-    waitForTask(input.postClick({250, 160}));
+    EXPECT_FALSE(waitForTask(input.postKey(keyA, {})));
+    EXPECT_FALSE(waitForTask(input.postText(u"a"_s)));
+    EXPECT_FALSE(waitForTask(input.postClick({250, 160})));
     EXPECT_THAT(m_witness.takeEvents(), ElementsAre());
+}
+
+TEST_F(InputEventsOnWitness, aTextEndsWhenAnotherProgramComesToTheFront)
+{
+    const auto map = m_witness.map();
+    int allowed = 2; // the first look, and the first letters
+    XTestInputEvents input(m_connection, settledAtOnce, [&allowed] { return allowed-- > 0; });
+    EXPECT_FALSE(waitForTask(input.postText(u"a中"_s.repeated(1'000))));
+    const auto events = m_witness.takeEvents();
+    EXPECT_FALSE(events.isEmpty());
+    EXPECT_LT(events.size(), 1'000);
+    EXPECT_EQ(m_witness.map(), map);
 }
 
 TEST_F(InputEventsOnWitness, postingsFollowEachOther)
@@ -259,9 +271,9 @@ TEST(InputEventsWithoutServer, postsNothing)
     const X11Connection connection;
     qputenv("DISPLAY", display);
     XTestInputEvents input(connection, settledAtOnce);
-    waitForTask(input.postKey(keyReturn, {}));
-    waitForTask(input.postText(u"中"_s));
-    waitForTask(input.postClick({1, 1}));
+    EXPECT_FALSE(waitForTask(input.postKey(keyReturn, {})));
+    EXPECT_FALSE(waitForTask(input.postText(u"中"_s)));
+    EXPECT_FALSE(waitForTask(input.postClick({1, 1})));
 }
 
 TEST(InputEventsWithoutServer, endQuietlyWhenTheServerGoes)

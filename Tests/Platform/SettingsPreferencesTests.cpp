@@ -44,6 +44,25 @@ TEST(SettingsPreferences, aValueThatIsNoBooleanIsNoConsent)
     EXPECT_TRUE(preferences.isOn(startInQuietMode));
 }
 
+TEST(SettingsPreferences, followWhatAnotherProcessWrites)
+{
+    const QTemporaryDir folder;
+    SettingsPreferences preferences(folder.filePath(u"KelvaLR.ini"_s));
+    ASSERT_TRUE(preferences.setOn(allowComputerControl, true));
+    QFile file(folder.filePath(u"KelvaLR.ini"_s));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("[General]\nallowComputerControl=false\n");
+    file.close();
+    EXPECT_FALSE(preferences.isOn(allowComputerControl));
+}
+
+TEST(SettingsPreferences, sayWhenTheyCannotBeKept)
+{
+    SettingsPreferences preferences(u"/proc/nowhere/KelvaLR.ini"_s);
+    EXPECT_FALSE(preferences.setOn(readResponsesAloud, true));
+    EXPECT_TRUE(preferences.isOn(readResponsesAloud));
+}
+
 } // namespace
 
 } // namespace KelvaLR

@@ -2,7 +2,6 @@
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Linux/XTestInputEvents.h"
 
-#include "Support/DetachedTask.h"
 #include "Support/TerminationSignals.h"
 
 #include <QCoroTimer>
@@ -34,6 +33,6 @@ int main(int argc, char **argv)
     XTestInputEvents input(connection, settleAndTell);
     QObject::connect(&signals_, &TerminationSignals::terminationRequested, &application,
                      &QCoreApplication::quit);
-    startDetached(input.postText(u"中文字é"_s.repeated(100'000)));
+    const QCoro::Task<bool> typing = input.postText(u"中文字é"_s.repeated(100'000));
     return QCoreApplication::exec();
 }

@@ -15,7 +15,11 @@ public:
         return m_written.value(preference, defaultValue(preference));
     }
 
-    void setOn(Preference preference, bool isOn) override { m_written.insert(preference, isOn); }
+    bool setOn(Preference preference, bool isOn) override
+    {
+        m_written.insert(preference, isOn);
+        return true;
+    }
 
 private:
     QMap<Preference, bool> m_written;

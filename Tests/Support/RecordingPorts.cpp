@@ -113,23 +113,30 @@ RecordingInputEvents::RecordingInputEvents(QStringList &journal)
 {
 }
 
-QCoro::Task<> RecordingInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers modifiers)
+QCoro::Task<bool> RecordingInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers modifiers)
 {
-    co_await laterTurn();
-    m_journal.append(u"key %1 0x%2"_s.arg(virtualKeyCode).arg(modifiers.toInt(), 0, 16));
+    const bool isPosted = co_await post(u"key %1 0x%2"_s.arg(virtualKeyCode).arg(modifiers.toInt(), 0, 16));
     whenPosted(virtualKeyCode);
+    co_return isPosted;
 }
 
-QCoro::Task<> RecordingInputEvents::postText(QString text)
+QCoro::Task<bool> RecordingInputEvents::postText(QString text)
 {
-    co_await laterTurn();
-    m_journal.append(u"text "_s + text);
+    return post(u"text "_s + text);
 }
 
-QCoro::Task<> RecordingInputEvents::postClick(QPointF point)
+QCoro::Task<bool> RecordingInputEvents::postClick(QPointF point)
+{
+    return post(u"click %1,%2"_s.arg(point.x()).arg(point.y()));
+}
+
+QCoro::Task<bool> RecordingInputEvents::post(QString event)
 {
     co_await laterTurn();
-    m_journal.append(u"click %1,%2"_s.arg(point.x()).arg(point.y()));
+    if (isReceived) {
+        m_journal.append(event);
+    }
+    co_return isReceived;
 }
 
 } // namespace KelvaLR::Testing

@@ -60,13 +60,16 @@ class RecordingInputEvents final : public InputEvents
 public:
     explicit RecordingInputEvents(QStringList &journal);
 
-    QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
-    QCoro::Task<> postText(QString text) override;
-    QCoro::Task<> postClick(QPointF point) override;
+    QCoro::Task<bool> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
+    QCoro::Task<bool> postText(QString text) override;
+    QCoro::Task<bool> postClick(QPointF point) override;
 
     std::function<void(quint16)> whenPosted = [](quint16) {}; ///< after each key
+    bool isReceived = true;                                   ///< else nothing is posted
 
 private:
+    QCoro::Task<bool> post(QString event);
+
     QStringList &m_journal;
 };
 

@@ -107,10 +107,12 @@ TEST_F(LightroomHintTest, saysWhatIsTheCaseAndOffersWhatHelps)
 
 TEST_F(LightroomHintTest, blamesADialogForACommandThatWasTakenAndNotAnswered)
 {
-    EXPECT_EQ(lightroomHint(Connection::NoAnswer()),
-              (LightroomHint{u"Lightroom is running, but does not answer."_s,
-                             u"Look at Lightroom, close the dialog if it shows one, then try again."_s,
-                             {u"testConnection"_s}}));
+    EXPECT_EQ(
+        lightroomHint(Connection::NoAnswer()),
+        (LightroomHint{
+            u"Lightroom is running, but does not answer."_s,
+            u"Close the dialog that Lightroom shows. It may then do what you asked, so look before you repeat it."_s,
+            {u"testConnection"_s}}));
     EXPECT_EQ(lightroomHint(Connection::PortTaken{.port = 54321, .program = {}}).finding,
               u"A program that KelvaLR cannot identify uses port 54321 and does not answer."_s);
 }

@@ -99,6 +99,24 @@ TEST_F(SettingsTest, theResultLineIsGreenForAnInstallationOnly)
     EXPECT_TRUE(isRed(resultColor(settings, u"Connected to Lightroom Classic plugin."_s)));
 }
 
+TEST_F(SettingsTest, canBePressedByAssistiveTechnology)
+{
+    const auto pressNamed = [](QWindow &in, const QString &name) {
+        QAccessibleInterface *found = control(in, name);
+        QAccessibleActionInterface *actions = found ? found->actionInterface() : nullptr;
+        ASSERT_NE(actions, nullptr) << name.toStdString();
+        actions->doAction(QAccessibleActionInterface::pressAction());
+    };
+    pressNamed(window(), u"File"_s);
+    ASSERT_TRUE(waitUntil([this] { return control(u"Settings..."_s) != nullptr; }));
+    pressNamed(window(), u"Settings..."_s);
+    QQuickWindow &settings = openedSettings();
+    pressNamed(settings, u"Install Lightroom Classic Plugin"_s);
+    EXPECT_TRUE(isGreen(resultColor(settings,
+                                    u"Plugin installed. Add it in Lightroom Classic's Plug-in Manager if it "
+                                    "is not listed, then restart Lightroom Classic."_s)));
+}
+
 TEST_F(SettingsTest, theConnectionIsShownWhateverTheResultLineSays)
 {
     QQuickWindow &settings = openSettings();

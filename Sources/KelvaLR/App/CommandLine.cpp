@@ -79,8 +79,8 @@ std::expected<LaunchMode, QString> modeGiven(const QCommandLineParser &parser, c
     if (given.size() > 1) {
         return std::unexpected(u"Give only one of %1."_s.arg(given.join(" and "_L1)));
     }
-    const bool isDesktopStart = mode == LaunchMode::window || mode == LaunchMode::service;
-    if (isDesktopStart && !given.isEmpty() && parser.isSet(options.allowComputerControl)) {
+    const bool isConversation = mode == LaunchMode::prompts || mode == LaunchMode::terminal;
+    if (!isConversation && mode != LaunchMode::consent && parser.isSet(options.allowComputerControl)) {
         return std::unexpected(u"Give --allow-computer-control by itself, or with --prompt or --terminal."_s);
     }
     return mode;

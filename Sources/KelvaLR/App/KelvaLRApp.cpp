@@ -1,15 +1,16 @@
 #include "App/KelvaLRApp.h"
 
+#include "Services/Lightroom/Language/LightroomFrontmost.h"
 #include "Support/ProductConfiguration.h"
-
-#include <QCoreApplication>
 
 namespace KelvaLR {
 
 KelvaLRApp::KelvaLRApp(std::FILE *diagnostics, Speech speech)
     : m_accessibility(m_accessibilityBus, [this](TrustPrompt prompt) { return m_consent.isGiven(prompt); })
     , m_inputEvents(
-          m_x11, [this] { return m_windowPing.answered(); }, [this] { return isOtherProgramInFront(); })
+          m_x11, [this] { return m_windowPing.answered(); },
+          // All input is meant for Lightroom, and another program would take it for its own.
+          [this] { return isLightroomFrontmost(m_applications); })
     , m_automation(m_accessibility, m_inputEvents, m_applications)
     , m_lightroomService(m_applications, m_accessibility, m_lightroomMenus, m_automation,
                          LightroomPluginInstaller(), DebugLog(), {}, {}, diagnostics)
@@ -41,14 +42,6 @@ SpokenFeedback &KelvaLRApp::spokenFeedback()
         return m_speech->feedback;
     }
     return m_silence;
-}
-
-/// What is meant for Lightroom must not be typed into our own window, which is in front when no Lightroom
-/// runs.
-bool KelvaLRApp::isOtherProgramInFront() const
-{
-    const auto front = m_applications.frontmostApplication();
-    return front && front->processId != QCoreApplication::applicationPid();
 }
 
 } // namespace KelvaLR

@@ -48,7 +48,6 @@ public:
     [[nodiscard]] LightroomService &lightroomService() { return m_lightroomService; }
 
 private:
-    [[nodiscard]] bool isOtherProgramInFront() const;
     [[nodiscard]] WakePhraseListener &wakePhraseListener();
     [[nodiscard]] SpokenFeedback &spokenFeedback();
 

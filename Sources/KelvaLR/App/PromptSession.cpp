@@ -57,8 +57,14 @@ QCoro::Task<int> answerPrompts(AppModel &model, QStringList prompts, std::chrono
     const QPointer<AppModel> liveModel(&model);
     int status = 0;
     for (const QString &prompt : std::as_const(prompts)) {
-        if (!liveModel || liveModel->isResponding()) {
-            co_return 1; // the last prompt is still being worked on, and the model takes one at a time
+        if (!liveModel) {
+            co_return 1;
+        }
+        if (liveModel->isResponding()) { // it takes one at a time
+            std::fprintf(stderr, "kelvalr: Not sent, since the one before has no answer yet: %s\n",
+                         qUtf8Printable(prompt));
+            status = 1;
+            continue;
         }
         if (!co_await answer(liveModel, prompt, deadline)) {
             status = 1;

@@ -16,7 +16,8 @@ class StandardInputLines;
 inline constexpr std::chrono::seconds answerDeadline{120};
 
 /// Submits each prompt through the model and waits for its answer before the next.
-/// @return the exit status: 0 when every prompt was answered; otherwise standard error says which was not
+/// @return the exit status: 0 when every prompt was answered; otherwise standard error says why, and which
+/// were not sent at all
 QCoro::Task<int> answerPrompts(AppModel &model, QStringList prompts,
                                std::chrono::milliseconds deadline = answerDeadline);
 

@@ -6,6 +6,7 @@
 #include "AppIntents/AppIntentRouter.h"
 #include "Platform/Linux/DesktopAppearance.h"
 #include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/X11Connection.h"
 #include "Support/TerminationSignals.h"
 #include "Views/MainWindowHost.h"
 
@@ -28,15 +29,12 @@ namespace {
 /// How long a program that the session bus started waits for somebody who wants its window.
 constexpr std::chrono::seconds idleTime{30};
 
-/// The toolkit ends the program when it finds no display; a user is told what to do instead.
+/// The toolkit ends the program when it finds no display, or one that is gone, as in a terminal that outlived
+/// its desktop; a user is told what to do instead.
 bool hasDisplay()
 {
-    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (!qEnvironmentVariableIsEmpty(variable)) {
-            return true;
-        }
-    }
-    return false;
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || X11Connection().isOpen();
 }
 
 /// What the toolkit's sound says of itself is no news for the terminal: the window says what is wrong with

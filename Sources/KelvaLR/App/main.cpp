@@ -17,6 +17,7 @@
 
 #include <optional>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace KelvaLR;
@@ -56,12 +57,33 @@ int runInstallPlugin()
     return 0;
 }
 
+/// False when the answer cannot be kept, which is said.
+bool keepConsent(bool isAllowed)
+{
+    if (SettingsPreferences().setOn(Preference::allowComputerControl, isAllowed)) {
+        return true;
+    }
+    print(stderr, u"kelvalr: The settings cannot be written, so whether KelvaLR may press keys and click in "
+                  "other programs stays as it was.\n"_s);
+    return false;
+}
+
 int runConsent(const CommandLine &line)
 {
     print(stdout, *line.allowsComputerControl
                       ? u"KelvaLR may press keys and click in other programs from now on.\n"_s
                       : u"KelvaLR does not press keys or click in other programs any more.\n"_s);
     return 0;
+}
+
+/// A standard descriptor that is closed would be given to the next file or socket that is opened.
+void fillStandardDescriptors()
+{
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(descriptor, F_GETFD) < 0) {
+            ::open("/dev/null", O_RDWR); // takes the lowest that is free
+        }
+    }
 }
 
 QCoro::Task<> exitWithStatusOf(QCoro::Task<int> session)
@@ -134,6 +156,7 @@ QStringList decoded(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
+    fillStandardDescriptors();
     QCoreApplication::setApplicationName(u"KelvaLR"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(KELVALR_VERSION));
 
@@ -147,8 +170,9 @@ int main(int argc, char **argv)
         return runWindow(*line, argc, argv);
     }
     const QCoreApplication application(argc, argv);
-    if (line->allowsComputerControl) {
-        SettingsPreferences().setOn(Preference::allowComputerControl, *line->allowsComputerControl);
+    const bool asksForHelp = line->mode == LaunchMode::help || line->mode == LaunchMode::version;
+    if (line->allowsComputerControl && !asksForHelp && !keepConsent(*line->allowsComputerControl)) {
+        return 1;
     }
     return runWithoutWindow(*line);
 }

@@ -9,8 +9,9 @@
 
 namespace KelvaLR {
 
-/// Port: synthesised keyboard and mouse input for the frontmost application. What cannot be posted is skipped
-/// silently. Main thread; the tasks end once the events are posted.
+/// Port: synthesised keyboard and mouse input for the frontmost application. Main thread. The tasks end once
+/// the events are posted and tell whether they were: not where nobody is there to get them, or not all of
+/// them. An event that cannot be made, as of a key that no keyboard has, is skipped silently.
 class InputEvents
 {
 public:
@@ -20,13 +21,13 @@ public:
 
     /// Key down and key up with exactly these modifiers, also while the user holds others.
     /// @param virtualKeyCode a macOS virtual key code of the US layout
-    virtual QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) = 0;
+    virtual QCoro::Task<bool> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) = 0;
 
     /// Types a text, one Unicode scalar after the other.
-    virtual QCoro::Task<> postText(QString text) = 0;
+    virtual QCoro::Task<bool> postText(QString text) = 0;
 
     /// A left click at a point in global screen coordinates, origin at the top left.
-    virtual QCoro::Task<> postClick(QPointF point) = 0;
+    virtual QCoro::Task<bool> postClick(QPointF point) = 0;
 };
 
 } // namespace KelvaLR

@@ -29,8 +29,9 @@ public:
     Q_DISABLE_COPY_MOVE(Preferences)
 
     [[nodiscard]] virtual bool isOn(Preference preference) const = 0;
-    /// Takes effect at once; where it cannot be kept, it holds for this run.
-    virtual void setOn(Preference preference, bool isOn) = 0;
+    /// Takes effect at once, also in a KelvaLR that runs already.
+    /// @return false when it cannot be kept; it then holds for this object only
+    virtual bool setOn(Preference preference, bool isOn) = 0;
 };
 
 } // namespace KelvaLR

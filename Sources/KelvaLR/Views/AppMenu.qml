@@ -24,7 +24,7 @@ Menu {
         font: root.font
         Accessible.role: Accessible.MenuItem
         Accessible.name: text
-        Accessible.onPressAction: entry.triggered()
+        Accessible.onPressAction: entry.action.trigger()
 
         Shortcut {
             id: shortcut

@@ -20,6 +20,7 @@ MenuBar {
         font: root.font
         Accessible.role: Accessible.MenuItem
         Accessible.name: text
+        Accessible.onPressAction: entry.triggered()
 
         contentItem: Label {
             text: entry.text

@@ -14,6 +14,8 @@ ApplicationWindow {
     required property LightroomHintViewModel lightroomHint
     required property AppearanceViewModel appearance
 
+    x: Screen.virtualX + (Screen.width - minimumWidth) / 2
+    y: Screen.virtualY + (Screen.height - minimumHeight) / 2
     width: minimumWidth
     height: minimumHeight
     minimumWidth: 1120
@@ -118,6 +120,7 @@ ApplicationWindow {
             if (status === Loader.Null) {
                 setSource("SettingsWindow.qml", { model: root.settings, transientParent: root });
             }
+            root.settings.reread();
             const window = item as SettingsWindow;
             window.x = root.x + (root.width - window.width) / 2;
             window.y = root.y + (root.height - window.height) / 2;

@@ -72,7 +72,6 @@ Rectangle {
             TextArea.flickable: TextArea {
                 id: field
 
-                text: root.model.promptText
                 placeholderText: qsTr("Ask KelvaLR")
                 placeholderTextColor: Theme.secondaryText
                 color: Theme.text
@@ -88,6 +87,7 @@ Rectangle {
                 focus: true
                 background: null
                 onTextChanged: root.model.promptText = text
+                Component.onCompleted: text = root.model.promptText
                 Keys.onReturnPressed: event => submitOrBreak(event)
                 Keys.onEnterPressed: event => submitOrBreak(event)
                 KeyNavigation.priority: KeyNavigation.BeforeItem

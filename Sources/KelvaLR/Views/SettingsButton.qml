@@ -14,7 +14,7 @@ AbstractButton {
     font.pixelSize: Theme.bodySize
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: root.clicked()
+    Accessible.onPressAction: root.action ? root.action.trigger() : root.clicked()
 
     contentItem: Label {
         text: root.text

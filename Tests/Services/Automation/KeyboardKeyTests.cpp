@@ -41,6 +41,7 @@ TEST(KeyboardKey, readsDescriptions)
         {u"cmd+z"_s, u"Cmd+Z"_s, {}, {}},
         {u"cmd\tz"_s, u"Cmd\tZ"_s, {}, {}},
         {u"p in lightroom"_s, u"P In Lightroom"_s, {}, {}},
+        {u"don't it\u2019s 'o"_s, u"Don't It\u2019s 'O"_s, {}, {}},
         {u"kekeyy"_s, u"Key"_s, {}, {}},
         {u"cmd \u00E9cran"_s, u"Command-\u00C9cran"_s, {}, command},
         {u"e\u0301x \U00010428"_s, u"E\u0301x \U00010400"_s, {}, {}},

@@ -186,6 +186,21 @@ TEST(UIAutomationResult, givesTheCallersWordsForAMissingPermission)
     EXPECT_EQ(UIAutomationResult::accessibilityDenied().sentence(u"Denied."_s), u"Denied."_s);
 }
 
+TEST_F(UIAutomation, saysSoWhenNobodyReceivesTheEvents)
+{
+    accessibility.pressSucceeds = false;
+    inputEvents.isReceived = false;
+    std::pair<QString, QCoro::Task<UIAutomationResult>> cases[] = {
+        {u"Could not click export."_s, service.clickVisibleElement(u"export"_s)},
+        {u"Could not focus search."_s, service.typeTextIntoField(u"hello"_s, u"search"_s)},
+        {u"Could not type all of the text."_s, service.typeText(u"hello"_s)},
+        {u"Could not press Z."_s, service.pressKey(*KeyboardKey::parse(u"z"_s))},
+    };
+    for (auto &[sentence, operation] : cases) {
+        EXPECT_EQ(waitForTask(std::move(operation)), UIAutomationResult::failure(sentence));
+    }
+}
+
 } // namespace
 
 } // namespace KelvaLR

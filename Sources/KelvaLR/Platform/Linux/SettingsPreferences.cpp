@@ -16,6 +16,7 @@ SettingsPreferences::SettingsPreferences(const QString &file)
 
 bool SettingsPreferences::isOn(Preference preference) const
 {
+    m_settings.sync(); // another process may have written, as to take a consent back
     const QString written = m_settings.value(rawValue(preference)).toString();
     if (written == "true"_L1 || written == "false"_L1) {
         return written == "true"_L1;
@@ -23,10 +24,11 @@ bool SettingsPreferences::isOn(Preference preference) const
     return defaultValue(preference);
 }
 
-void SettingsPreferences::setOn(Preference preference, bool isOn)
+bool SettingsPreferences::setOn(Preference preference, bool isOn)
 {
     m_settings.setValue(rawValue(preference), isOn);
     m_settings.sync();
+    return m_settings.status() == QSettings::NoError;
 }
 
 } // namespace KelvaLR

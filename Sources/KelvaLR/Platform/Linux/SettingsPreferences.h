@@ -15,10 +15,10 @@ public:
     explicit SettingsPreferences(const QString &file);
 
     bool isOn(Preference preference) const override;
-    void setOn(Preference preference, bool isOn) override;
+    bool setOn(Preference preference, bool isOn) override;
 
 private:
-    QSettings m_settings;
+    mutable QSettings m_settings; ///< brought up to date before it is read
 };
 
 } // namespace KelvaLR

@@ -122,35 +122,37 @@ XTestInputEvents::XTestInputEvents(const X11Connection &connection, Settled sett
 
 XTestInputEvents::~XTestInputEvents() = default;
 
-QCoro::Task<> XTestInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers modifiers)
+QCoro::Task<bool> XTestInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers modifiers)
 {
     const Self self(this);
     const Turns::Turn turn = m_turns.take();
     co_await turn.begun;
-    if (self && self->canPost() && self->m_mayReceive()) {
-        self->post(virtualKeyCode, modifiers);
-        self->m_connection.sync();
+    if (!self || !self->mayPost()) {
+        co_return false;
     }
+    self->post(virtualKeyCode, modifiers);
+    self->m_connection.sync();
+    co_return true;
 }
 
-QCoro::Task<> XTestInputEvents::postText(QString text)
+QCoro::Task<bool> XTestInputEvents::postText(QString text)
 {
     const Self self(this);
     const Turns::Turn turn = m_turns.take();
     co_await turn.begun;
-    if (self && self->canPost() && self->m_mayReceive()) {
-        co_await type(self, keysymsOf(text), self->m_settled);
+    if (!self || !self->mayPost()) {
+        co_return false;
     }
+    co_return co_await type(self, keysymsOf(text), self->m_settled);
 }
 
-QCoro::Task<> XTestInputEvents::postClick(QPointF point)
+QCoro::Task<bool> XTestInputEvents::postClick(QPointF point)
 {
     const Self self(this);
     const Turns::Turn turn = m_turns.take();
     co_await turn.begun;
-    if (!self || !self->canPost() || !self->m_mayReceive() || !std::isfinite(point.x()) ||
-        !std::isfinite(point.y())) {
-        co_return;
+    if (!self || !self->mayPost() || !std::isfinite(point.x()) || !std::isfinite(point.y())) {
+        co_return false;
     }
     constexpr quint8 isAbsolute = 0;
     xcb_connection_t *c = self->m_connection.get();
@@ -161,6 +163,7 @@ QCoro::Task<> XTestInputEvents::postClick(QPointF point)
         xcb_test_fake_input(c, eventType, XCB_BUTTON_INDEX_1, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);
     }
     self->m_connection.sync();
+    co_return true;
 }
 
 bool XTestInputEvents::canPost() const
@@ -168,23 +171,28 @@ bool XTestInputEvents::canPost() const
     return m_hasExtensions && m_connection.isOpen();
 }
 
-QCoro::Task<> XTestInputEvents::type(Self self, QList<xcb_keysym_t> keysyms, Settled settled)
+QCoro::Task<bool> XTestInputEvents::type(Self self, QList<xcb_keysym_t> keysyms, Settled settled)
 {
-    while (self && self->canPost() && !keysyms.isEmpty()) {
+    bool isPosted = true;
+    while (isPosted && !keysyms.isEmpty()) {
         const Batch batch = self->takeBatch(keysyms);
         if (!self->m_borrowed->isEmpty()) {
             co_await settled();
         }
-        for (qsizetype next = 0; self && self->canPost() && next < batch.strokes.size();
-             next += keyStrokeLimit) {
-            postKeyStrokes(self->m_connection, batch.strokes.mid(next, keyStrokeLimit), batch.group);
-            self->m_connection.sync();
-            co_await settled();
+        for (qsizetype next = 0; isPosted && next < batch.strokes.size(); next += keyStrokeLimit) {
+            isPosted = self && self->mayPost();
+            if (isPosted) {
+                postKeyStrokes(self->m_connection, batch.strokes.mid(next, keyStrokeLimit), batch.group);
+                self->m_connection.sync();
+                co_await settled();
+            }
         }
+        isPosted = isPosted && self && self->canPost();
     }
     if (self) {
         self->m_borrowed->giveBack();
     }
+    co_return isPosted;
 }
 
 /// The layout of the XTEST device. A keyboard shows the map of the device that was used last, and the user's

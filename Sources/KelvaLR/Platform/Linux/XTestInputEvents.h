@@ -35,16 +35,17 @@ public:
 
     /// Puts right what a killed process left in the keyboard map.
     /// @param connection outlives this object
-    /// @param mayReceive asked before each posting, of which nothing is done when the answer is no
+    /// @param mayReceive asked before each event, and in a text before every few letters; when the answer is
+    /// no, nothing more is posted
     XTestInputEvents(
         const X11Connection &connection, Settled settled, MayReceive mayReceive = [] { return true; });
 
     /// Puts the keyboard map back, also in the middle of a typing, which then ends without another event.
     ~XTestInputEvents() override;
 
-    QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
-    QCoro::Task<> postText(QString text) override;
-    QCoro::Task<> postClick(QPointF point) override;
+    QCoro::Task<bool> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
+    QCoro::Task<bool> postText(QString text) override;
+    QCoro::Task<bool> postClick(QPointF point) override;
 
 private:
     using Self = QPointer<XTestInputEvents>;
@@ -57,7 +58,10 @@ private:
     };
 
     [[nodiscard]] bool canPost() const;
-    [[nodiscard]] static QCoro::Task<> type(Self self, QList<xcb_keysym_t> keysyms, Settled settled);
+
+    [[nodiscard]] bool mayPost() const { return canPost() && m_mayReceive(); }
+
+    [[nodiscard]] static QCoro::Task<bool> type(Self self, QList<xcb_keysym_t> keysyms, Settled settled);
     [[nodiscard]] std::optional<X11KeyboardMap> layout() const;
     void post(quint16 virtualKeyCode, KeyModifiers modifiers) const;
     Batch takeBatch(QList<xcb_keysym_t> &keysyms);

@@ -2,19 +2,19 @@
 
 namespace KelvaLR {
 
-QCoro::Task<> UnavailableInputEvents::postKey(quint16, KeyModifiers)
+QCoro::Task<bool> UnavailableInputEvents::postKey(quint16, KeyModifiers)
 {
-    co_return;
+    co_return false;
 }
 
-QCoro::Task<> UnavailableInputEvents::postText(QString)
+QCoro::Task<bool> UnavailableInputEvents::postText(QString)
 {
-    co_return;
+    co_return false;
 }
 
-QCoro::Task<> UnavailableInputEvents::postClick(QPointF)
+QCoro::Task<bool> UnavailableInputEvents::postClick(QPointF)
 {
-    co_return;
+    co_return false;
 }
 
 } // namespace KelvaLR

@@ -4,13 +4,13 @@
 
 namespace KelvaLR {
 
-/// For a system on which this build cannot post input: every event is skipped.
+/// For a system on which this build cannot post input: no event is posted.
 class UnavailableInputEvents final : public InputEvents
 {
 public:
-    QCoro::Task<> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
-    QCoro::Task<> postText(QString text) override;
-    QCoro::Task<> postClick(QPointF point) override;
+    QCoro::Task<bool> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
+    QCoro::Task<bool> postText(QString text) override;
+    QCoro::Task<bool> postClick(QPointF point) override;
 };
 
 } // namespace KelvaLR

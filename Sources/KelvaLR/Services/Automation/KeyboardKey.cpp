@@ -22,7 +22,7 @@ std::optional<KeyModifier> modifier(QStringView word)
     return row == std::end(modifierTable) ? std::nullopt : std::optional(row->modifier);
 }
 
-/// Upper-cases the first letter of every run of letters; marks belong to the letter before them.
+/// Upper-cases the first letter of every word; marks and apostrophes belong to the letter before them.
 QString titleCased(const QString &lower)
 {
     QString titled;
@@ -30,7 +30,8 @@ QString titleCased(const QString &lower)
     for (const uint character : lower.toUcs4()) {
         const bool isLetter = QChar::isLetter(character);
         titled += QChar::fromUcs4(isLetter && !isInWord ? QChar::toTitleCase(character) : character);
-        isInWord = isLetter || (isInWord && QChar::isMark(character));
+        isInWord = isLetter ||
+                   (isInWord && (QChar::isMark(character) || character == u'\'' || character == u'\u2019'));
     }
     return titled;
 }

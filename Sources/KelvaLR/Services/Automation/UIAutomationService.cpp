@@ -44,11 +44,8 @@ QCoro::Task<UIAutomationResult> click(Ports ports, QString name)
         co_return UIAutomationResult::failure(u"Could not find "_s + name + u" on screen."_s);
     }
     const bool isPressed = co_await ports.accessibility->press(element->id);
-    if (!isPressed && !element->center) {
+    if (!isPressed && !(element->center && co_await ports.inputEvents->postClick(*element->center))) {
         co_return UIAutomationResult::failure(u"Could not click "_s + name + u"."_s);
-    }
-    if (!isPressed) {
-        co_await ports.inputEvents->postClick(*element->center);
     }
     co_return UIAutomationResult::success(u"Clicked "_s + name + u"."_s);
 }
@@ -69,8 +66,8 @@ QCoro::Task<UIAutomationResult> focus(Ports ports, QString name)
         co_return UIAutomationResult::failure(u"Could not find "_s + name + u" field on screen."_s);
     }
     co_await ports.accessibility->focus(element->id);
-    if (element->center) {
-        co_await ports.inputEvents->postClick(*element->center);
+    if (element->center && !co_await ports.inputEvents->postClick(*element->center)) {
+        co_return UIAutomationResult::failure(u"Could not focus "_s + name + u"."_s);
     }
     co_return UIAutomationResult::success(u"Focused "_s + name + u"."_s);
 }
@@ -81,7 +78,9 @@ QCoro::Task<UIAutomationResult> typeInto(Ports ports, QString text, QString fiel
     if (!focused.isSuccess()) {
         co_return focused;
     }
-    co_await ports.inputEvents->postText(text);
+    if (!co_await ports.inputEvents->postText(text)) {
+        co_return UIAutomationResult::failure(u"Could not type all of the text into "_s + field + u"."_s);
+    }
     co_return UIAutomationResult::success(u"Typed text into "_s + field + u"."_s);
 }
 
@@ -93,7 +92,9 @@ QCoro::Task<UIAutomationResult> type(Ports ports, QString text)
     if (!ports.accessibility->isTrusted(TrustPrompt::shown)) {
         co_return UIAutomationResult::accessibilityDenied();
     }
-    co_await ports.inputEvents->postText(text);
+    if (!co_await ports.inputEvents->postText(text)) {
+        co_return UIAutomationResult::failure(u"Could not type all of the text."_s);
+    }
     co_return UIAutomationResult::success(u"Typed text."_s);
 }
 
@@ -102,10 +103,9 @@ QCoro::Task<UIAutomationResult> press(Ports ports, KeyboardKey key)
     if (!ports.accessibility->isTrusted(TrustPrompt::shown)) {
         co_return UIAutomationResult::accessibilityDenied();
     }
-    if (!key.keyCode) {
+    if (!key.keyCode || !co_await ports.inputEvents->postKey(*key.keyCode, key.modifiers)) {
         co_return UIAutomationResult::failure(u"Could not press "_s + key.displayName + u"."_s);
     }
-    co_await ports.inputEvents->postKey(*key.keyCode, key.modifiers);
     co_return UIAutomationResult::success(u"Pressed "_s + key.displayName + u"."_s);
 }
 

@@ -45,7 +45,8 @@ LightroomConnection withoutListener(const ConnectionEvidence &evidence)
                                     : PluginNotLoaded{.isPluginInstalled = evidence.isPluginInstalled};
 }
 
-/// Without a look at the sockets, only a refused command shows that nobody listens.
+/// Without a look at the sockets, a refused command shows that nobody listens, and so does that no Lightroom
+/// runs.
 bool isNobodyListening(const ConnectionEvidence &evidence)
 {
     return evidence.listener.presence == PortListener::Presence::none || !evidence.lightroom ||

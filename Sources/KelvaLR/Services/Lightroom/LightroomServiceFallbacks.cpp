@@ -58,7 +58,7 @@ QCoro::Task<QString> LightroomService::proceedWithoutPlugin(QString explanation)
     co_return explanation;
 }
 
-/// "Pressed, and nothing happened" is found out from the log: the answer says only what was done.
+/// "Pressed, and nothing happened" is found out from the log: the answer says only what was posted.
 QCoro::Task<QString> LightroomService::proceedWithoutPlugin(KeyFallback fallback)
 {
     const QPointer<LightroomService> self(this);

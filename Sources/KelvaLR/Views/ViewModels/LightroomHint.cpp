@@ -44,9 +44,10 @@ LightroomHint hintOf(const Connection::PortTaken &found)
 
 LightroomHint hintOf(const Connection::NoAnswer &)
 {
-    return {u"Lightroom is running, but does not answer."_s,
-            u"Look at Lightroom, close the dialog if it shows one, then try again."_s,
-            {u"testConnection"_s}};
+    return {
+        u"Lightroom is running, but does not answer."_s,
+        u"Close the dialog that Lightroom shows. It may then do what you asked, so look before you repeat it."_s,
+        {u"testConnection"_s}};
 }
 
 LightroomHint hintOf(const Connection::Usable &)

@@ -71,6 +71,11 @@ QString SettingsViewModel::resultTone() const
     return m_lrInstallationResult.contains("installed"_L1) ? u"success"_s : u"failure"_s;
 }
 
+void SettingsViewModel::reread()
+{
+    Q_EMIT preferencesChanged();
+}
+
 void SettingsViewModel::askForComputerControl()
 {
     Q_EMIT computerControlAsked();

@@ -48,6 +48,9 @@ public:
 
     [[nodiscard]] bool isTesting() const { return m_isTesting; }
 
+    /// Shows what the preferences are now: another process may have changed them.
+    Q_INVOKABLE void reread();
+
     /// Leads the user to the setting that was missing for something that was asked for.
     void askForComputerControl();
 

@@ -40,6 +40,8 @@ TEST(LightroomReplyTest, wordsEveryKindOfReply)
          u"Lightroom Classic: selected photo selected. Exposure 0.00 EV, rating 0."_s},
         {uR"({"status":"success","filename":1,"exposure":"x","rating":2.5})"_s,
          u"Lightroom Classic: selected photo selected. Exposure 0.00 EV, rating 0."_s},
+        {uR"({"status":"success","exposure":0.125})"_s,
+         u"Lightroom Classic: selected photo selected. Exposure 0.12 EV, rating 0."_s},
         {uR"({"status":"success","rating":1e300})"_s,
          u"Lightroom Classic: selected photo selected. Exposure 0.00 EV, rating 0."_s},
         {u"{}"_s, u"Lightroom Classic: Command completed."_s, Verdict::failed},

@@ -11,10 +11,13 @@
 #include <QJsonDocument>
 #include <QTcpSocket>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 using KelvaLR::Testing::waitUntil;
 using StandIn::DialogMessage;
 using StandIn::Testing::HostedPlugin;
+using StandIn::Testing::readFile;
 using StandIn::Testing::replyPath;
 using StandIn::Testing::sendToPlugin;
 using StandIn::Testing::writeFile;
@@ -119,6 +122,31 @@ TEST(PluginServer, takesALineInPiecesAndSeveralLinesAtOnce)
     socket.disconnectFromHost();
     EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
     EXPECT_EQ(plugin.log().count("Received message: "), 4);
+}
+
+TEST(PluginServer, isDeafToWhatAWebPageSends)
+{
+    HostedPlugin plugin;
+    ASSERT_TRUE(sendToPlugin("POST / HTTP/1.1\r\nHost: 127.0.0.1:54321\r\n\r\n"
+                             "{\"action\":\"rating\",\"value\":1,\"request_id\":\"WEB\"}\n"));
+    EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
+    EXPECT_FALSE(plugin.log().contains("rating"));
+    EXPECT_FALSE(QFile::exists(replyPath(u"WEB"_s)));
+    QFile::remove(replyPath({}));
+}
+
+TEST(PluginServer, writesNeitherThroughALinkNorIntoAPipe)
+{
+    HostedPlugin plugin;
+    const QString precious = plugin.folder(u"precious"_s);
+    writeFile(precious, "precious");
+    ASSERT_TRUE(QFile::link(precious, replyPath(u"LINK"_s)));
+    ASSERT_EQ(::mkfifo(replyPath(u"PIPE"_s).toUtf8().constData(), 0600), 0);
+    for (const QString &id : {u"LINK"_s, u"PIPE"_s}) {
+        const QJsonObject ping{{u"action"_s, u"ping"_s}, {u"request_id"_s, id}};
+        EXPECT_EQ(plugin.request(ping)["message"_L1].toString(), u"pong"_s) << id.toStdString();
+    }
+    EXPECT_EQ(readFile(precious), "precious");
 }
 
 TEST(PluginServer, opensOneListenerHoweverOftenItIsRun)

@@ -8,7 +8,9 @@
 #include <QRegularExpression>
 
 #include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace KelvaLR {
 
@@ -57,9 +59,14 @@ qint64 wholeNumberMember(const QJsonObject &object, QLatin1StringView key)
     return std::trunc(value) == value ? truncatedInteger(value).value_or(0) : 0;
 }
 
+/// The nearest decimal, and of two that are equally near the even one: 0.125 is 0.12.
 QString fixed(double value, int decimals)
 {
-    return QString::number(value, 'f', decimals);
+    constexpr int longest = std::numeric_limits<double>::max_exponent10 + 8;
+    std::array<char, longest> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                   std::chars_format::fixed, decimals);
+    return QString::fromLatin1(digits.data(), end.ptr - digits.data());
 }
 
 QString withDisplayNames(QString message)

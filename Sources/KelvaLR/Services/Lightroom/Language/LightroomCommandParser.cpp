@@ -166,20 +166,20 @@ std::optional<QString> typedText(const LowercasedText &request)
     return text.isEmpty() ? std::nullopt : std::optional(std::move(text));
 }
 
+bool speaksOfLightroom(const QString &lower)
+{
+    return lower.contains(u"lightroom") || lower.contains(u"lr ");
+}
+
 bool asksToInspect(const QString &lower, const FrontmostApplication &frontmost)
 {
     if (lower.contains(u"inspect lightroom")) {
         return true;
     }
-    if (lower.contains(u"inspect ui") && (lower.contains(u"lightroom") || lower.contains(u"lr "))) {
+    if (lower.contains(u"inspect ui") && speaksOfLightroom(lower)) {
         return true;
     }
     return lower == u"inspect" && isLightroomFrontmost(frontmost);
-}
-
-bool speaksOfLightroom(const QString &lower)
-{
-    return lower.contains(u"lightroom") || lower.contains(u"lr ");
 }
 
 using Rule = std::optional<LightroomComputerUseCommand> (*)(const LowercasedText &request);

@@ -476,10 +476,12 @@ local function replyPath(id)
     return "/tmp/kelvalr-lightroom-" .. gsub(id, "[^A-Za-z0-9_-]", "_") .. ".json"
 end
 
--- Writes a file in one write(2), so that nobody reads half of it: with a buffer that holds all of it where
--- the C library takes the size that is asked for, without any buffer where it does not (glibc).
+-- Writes a new file in one write(2), so that nobody reads half of it: with a buffer that holds all of it where
+-- the C library takes the size that is asked for, without any buffer where it does not (glibc). "x" refuses
+-- what somebody else has put there: a link would lead the text astray, and a pipe would hold up Lightroom.
 local function writeWhole(path, text)
-    local file, problem = io.open(path, "wb")
+    pcall(os.remove, path) -- a reply to an earlier request of this name
+    local file, problem = io.open(path, WIN_ENV and "wb" or "wbx")
     if not file then
         return nil, problem
     end
@@ -1001,8 +1003,15 @@ local function answer(message)
     sendReply(request.id, perform(request, message))
 end
 
+-- Whether a line is a web browser's. A page can send one to any port of this computer, with a text of its own
+-- choice behind it.
+local function isWebRequest(line)
+    return find(line, "^%u+ .* HTTP/%d") ~= nil
+end
+
 local function serve(context)
     local running = true
+    local isDeaf = false -- to the rest of a connection
 
     LrSocket.bind {
         functionContext = context,
@@ -1012,6 +1021,10 @@ local function serve(context)
 
         -- A task for each message, so that a slow command does not hold up the socket.
         onMessage = function(_, message)
+            if isDeaf then
+                return
+            end
+            isDeaf = isWebRequest(message)
             log("Received message: " .. message)
             LrTasks.startAsyncTask(function()
                 answer(message)
@@ -1020,6 +1033,7 @@ local function serve(context)
 
         onClosed = function(socket)
             log("Listener closed")
+            isDeaf = false
             socket:reconnect()
         end,
 
@@ -1032,6 +1046,7 @@ local function serve(context)
             LrTasks.startAsyncTask(function()
                 LrTasks.sleep(RECONNECT_PAUSE)
                 if running then
+                    isDeaf = false
                     socket:reconnect()
                 end
             end)
