@@ -21,37 +21,33 @@ using namespace Qt::StringLiterals;
 
 TEST(CommandLine, saysWhatTheProgramWasStartedFor)
 {
-    const auto parse = [](const QStringList &arguments) {
-        return CommandLine::parse(QStringList(u"kelvalr"_s) + arguments);
+    const auto parse = [](const QString &options) {
+        return CommandLine::parse(QStringList(u"kelvalr"_s) + options.split(u' ', Qt::SkipEmptyParts));
     };
-
-    EXPECT_EQ(parse({}), (CommandLine{}));
-    EXPECT_EQ(parse({u"--prompt"_s, u"a"_s, u"--json"_s, u"--prompt=-b"_s}),
-              (CommandLine{
-                  .mode = LaunchMode::prompts, .format = OutputFormat::json, .prompts = {u"a"_s, u"-b"_s}}));
-    EXPECT_EQ(parse({u"--explain"_s, u"--assume-lightroom-frontmost"_s}),
-              (CommandLine{.mode = LaunchMode::explain, .isLightroomAssumedFrontmost = true}));
-    EXPECT_EQ(parse({u"--install-plugin"_s})->mode, LaunchMode::installPlugin);
-    EXPECT_EQ(parse({u"--allow-computer-control"_s, u"no"_s}),
-              (CommandLine{.mode = LaunchMode::consent, .allowsComputerControl = false}));
-    EXPECT_EQ(parse({u"--terminal"_s, u"--allow-computer-control=yes"_s}),
-              (CommandLine{.mode = LaunchMode::terminal, .allowsComputerControl = true}));
-    EXPECT_EQ(parse({u"--create-note"_s, u" a "_s}),
-              (CommandLine{.intent = CreateKelvaLRNoteIntent{u" a "_s}}));
-    EXPECT_EQ(parse({u"--open-section=chat"_s}), (CommandLine{.intent = OpenKelvaLRSectionIntent{}}));
-    EXPECT_EQ(parse({u"--gapplication-service"_s}), (CommandLine{.mode = LaunchMode::service}));
-    for (const QStringList &wrong : {QStringList{u"--nonsense"_s},
-                                     {u"--open-section=settings"_s},
-                                     {u"--open-section=chat"_s, u"--create-note=a"_s},
-                                     {u"--create-note=a"_s, u"--prompt=a"_s},
-                                     {u"--create-note=a"_s, u"--allow-computer-control=yes"_s},
-                                     {u"--explain"_s, u"--allow-computer-control=yes"_s},
-                                     {u"--prompt"_s},
-                                     {u"stray"_s},
-                                     {u"--allow-computer-control=maybe"_s},
-                                     {u"--terminal"_s, u"--prompt=a"_s}}) {
+    const std::pair<QString, CommandLine> cases[] = {
+        {u""_s, {}},
+        {u"--prompt a --json --prompt=-b"_s,
+         {.mode = LaunchMode::prompts, .format = OutputFormat::json, .prompts = {u"a"_s, u"-b"_s}}},
+        {u"--explain --assume-lightroom-frontmost"_s,
+         {.mode = LaunchMode::explain, .isLightroomAssumedFrontmost = true}},
+        {u"--install-plugin"_s, {.mode = LaunchMode::installPlugin}},
+        {u"--allow-computer-control no"_s, {.mode = LaunchMode::consent, .allowsComputerControl = false}},
+        {u"--terminal --allow-computer-control=yes"_s,
+         {.mode = LaunchMode::terminal, .allowsComputerControl = true}},
+        {u"--create-note \ta\t"_s, {.intent = CreateKelvaLRNoteIntent{u"\ta\t"_s}}},
+        {u"--open-section=chat"_s, {.intent = OpenKelvaLRSectionIntent{}}},
+        {u"--gapplication-service"_s, {.mode = LaunchMode::service}},
+    };
+    for (const auto &[options, line] : cases) {
+        EXPECT_EQ(parse(options), line) << options.toStdString();
+    }
+    for (const QString &wrong :
+         {u"--nonsense"_s, u"--open-section=settings"_s, u"--open-section=chat --create-note=a"_s,
+          u"--create-note=a --prompt=a"_s, u"--create-note=a --allow-computer-control=yes"_s,
+          u"--explain --allow-computer-control=yes"_s, u"--prompt"_s, u"stray"_s,
+          u"--allow-computer-control=maybe"_s, u"--terminal --prompt=a"_s}) {
         const auto result = parse(wrong);
-        ASSERT_FALSE(result.has_value()) << wrong.join(u' ').toStdString();
+        ASSERT_FALSE(result.has_value()) << wrong.toStdString();
         EXPECT_EQ(result.error().count(u'\n'), 0);
     }
 }

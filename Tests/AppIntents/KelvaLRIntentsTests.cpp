@@ -7,38 +7,35 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR::Testing {
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
 TEST(KelvaLRIntents, leaveARouteOfTheirOwnEachTime)
 {
-    struct Case
+    const struct
     {
         KelvaLRIntent intent;
         std::optional<QString> prefilledPrompt;
         std::optional<QString> dialog;
-    };
-
-    const QList<Case> cases{
+    } cases[] = {
         {OpenKelvaLRSectionIntent{}, std::nullopt, std::nullopt},
         {CreateKelvaLRNoteIntent{u"Buy film"_s}, u"Buy film"_s, u"Opened KelvaLR."_s},
         {CreateKelvaLRNoteIntent{u"Buy film"_s}, u"Buy film"_s, u"Opened KelvaLR."_s},
         {CreateKelvaLRNoteIntent{u" \n"_s}, u" \n"_s, u"Opened KelvaLR."_s},
         {CreateKelvaLRNoteIntent{}, QString(), u"Opened KelvaLR."_s},
     };
+
     AppIntentRouter router;
     const QSignalSpy published(&router, &AppIntentRouter::pendingRouteChanged);
     QUuid last;
-    for (const Case &one : cases) {
+    for (const auto &one : cases) {
         EXPECT_EQ(perform(one.intent, router), one.dialog);
         ASSERT_TRUE(router.pendingRoute());
         EXPECT_EQ(router.pendingRoute()->prefilledPrompt, one.prefilledPrompt);
         EXPECT_EQ(router.pendingRoute()->destination, SidebarSection::chat);
         EXPECT_NE(std::exchange(last, router.pendingRoute()->id), router.pendingRoute()->id);
     }
-    EXPECT_EQ(published.count(), cases.size());
+    EXPECT_EQ(published.count(), std::ssize(cases));
 }
 
 TEST(KelvaLREntities, areFoundByTheirIdentifiers)
@@ -52,6 +49,3 @@ TEST(KelvaLREntities, areFoundByTheirIdentifiers)
     EXPECT_EQ(KelvaLRArtifactQuery::entities({u"lightroom-status"_s, u"lightroom-status"_s}), artifact);
     EXPECT_TRUE(KelvaLRArtifactQuery::entities({u"Lightroom Status"_s}).isEmpty());
 }
-
-} // namespace
-} // namespace KelvaLR::Testing

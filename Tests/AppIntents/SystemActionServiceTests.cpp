@@ -29,14 +29,21 @@ protected:
         });
     }
 
-    QDBusMessage call(QLatin1StringView interface, const QString &method, const QVariantList &arguments)
+    /// What is answered, and what was done.
+    using Outcome = std::pair<QString, QStringList>;
+
+    Outcome call(QLatin1StringView interface, const QString &method, const QVariantList &arguments)
     {
         QDBusMessage message = QDBusMessage::createMethodCall(SystemActionName::service,
                                                               SystemActionName::path, interface, method);
         message.setArguments(arguments);
         const QDBusPendingCall pending = caller.asyncCall(message);
         EXPECT_TRUE(waitUntil([&] { return pending.isFinished(); }));
-        return pending.reply();
+        const QDBusMessage reply = pending.reply();
+        const QString answer = reply.type() == QDBusMessage::ReplyMessage
+                                   ? reply.arguments().value(0).toString()
+                                   : u"error: "_s + reply.errorMessage();
+        return {answer, std::exchange(journal, {})};
     }
 
     PrivateSessionBus bus;
@@ -52,58 +59,27 @@ protected:
 
 TEST_F(SystemActionServiceTest, bringsTheWindowToTheFrontBeforeItActs)
 {
-    struct Case
-    {
-        QLatin1StringView interface;
-        QString method;
-        QVariantList arguments;
-        QStringList done;
-        QVariantList answer;
-    };
-
     const auto &intents = SystemActionName::intentsInterface;
     const auto &application = SystemActionName::applicationInterface;
+    const QString action = u"ActivateAction"_s;
     const QVariantMap platformData{{u"desktop-startup-id"_s, u"x_TIME1"_s}};
-    const QStringList onlyPresented{u"present"_s};
-    const QStringList opened{u"present"_s, u"route without a note"_s};
-    const QList<Case> cases{
-        {intents, u"OpenKelvaLRSection"_s, {u"chat"_s}, opened, {}},
-        {intents,
-         u"CreateKelvaLRNote"_s,
-         {u" Buy film\n"_s},
-         {u"present"_s, u"route  Buy film\n"_s},
-         {u"Opened KelvaLR."_s}},
-        {application, u"Activate"_s, {platformData}, onlyPresented, {}},
-        {application, u"Open"_s, {QStringList(u"file:///a.jpg"_s), platformData}, onlyPresented, {}},
-        {application, u"ActivateAction"_s, {u"OpenSection"_s, QVariantList(), platformData}, opened, {}},
-        {application,
-         u"ActivateAction"_s,
-         {u"CreateNote"_s, QVariantList{u"Buy film"_s}, platformData},
-         {u"present"_s, u"route Buy film"_s},
-         {}},
-        {application, u"ActivateAction"_s, {u"Nonsense"_s, QVariantList(), platformData}, onlyPresented, {}},
-    };
-    for (const Case &one : cases) {
-        journal.clear();
-        const QDBusMessage reply = call(one.interface, one.method, one.arguments);
-        EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage) << reply.errorMessage().toStdString();
-        EXPECT_EQ(reply.arguments(), one.answer) << one.method.toStdString();
-        EXPECT_EQ(journal, one.done) << one.method.toStdString();
-    }
-}
+    const Outcome onlyPresented(QString(), {u"present"_s});
+    const Outcome opened(QString(), {u"present"_s, u"route without a note"_s});
 
-TEST_F(SystemActionServiceTest, refusesWithASentence)
-{
-    const QDBusMessage unknown =
-        call(SystemActionName::intentsInterface, SystemActionName::openSection, {u"settings"_s});
-    EXPECT_EQ(unknown.errorMessage(), u"There is no section 'settings'; there is: chat."_s);
-    EXPECT_EQ(journal, QStringList());
-
+    EXPECT_EQ(call(intents, u"OpenKelvaLRSection"_s, {u"chat"_s}), opened);
+    EXPECT_EQ(call(intents, u"OpenKelvaLRSection"_s, {u"settings"_s}),
+              Outcome(u"error: There is no section 'settings'; there is: chat."_s, {}));
+    EXPECT_EQ(call(intents, u"CreateKelvaLRNote"_s, {u" Buy film\n"_s}),
+              Outcome(u"Opened KelvaLR."_s, {u"present"_s, u"route  Buy film\n"_s}));
+    EXPECT_EQ(call(application, u"Activate"_s, {platformData}), onlyPresented);
+    EXPECT_EQ(call(application, u"Open"_s, {QStringList(u"file:///a.jpg"_s), platformData}), onlyPresented);
+    EXPECT_EQ(call(application, action, {u"OpenSection"_s, QVariantList(), platformData}), opened);
+    EXPECT_EQ(call(application, action, {u"CreateNote"_s, QVariantList{u"Buy film"_s}, platformData}),
+              Outcome(QString(), {u"present"_s, u"route Buy film"_s}));
+    EXPECT_EQ(call(application, action, {u"Nonsense"_s, QVariantList(), platformData}), onlyPresented);
     opens = false;
-    const QDBusMessage closed =
-        call(SystemActionName::intentsInterface, SystemActionName::createNote, {u"a"_s});
-    EXPECT_EQ(closed.errorMessage(), u"KelvaLR could not open its window."_s);
-    EXPECT_EQ(journal, QStringList(u"present"_s));
+    EXPECT_EQ(call(intents, u"CreateKelvaLRNote"_s, {u"a"_s}),
+              Outcome(u"error: KelvaLR could not open its window."_s, {u"present"_s}));
 }
 
 TEST_F(SystemActionServiceTest, isThereOnce)
@@ -111,9 +87,8 @@ TEST_F(SystemActionServiceTest, isThereOnce)
     SystemActionService second(router, [] { return true; });
     EXPECT_EQ(second.publish(bus.connect(u"second"_s)), SystemActionService::Publication::anotherRuns);
     EXPECT_EQ(second.publish(QDBusConnection(u"nowhere"_s)), SystemActionService::Publication::noBus);
-    const auto nobody = handOver(QDBusConnection(u"nowhere"_s), std::nullopt);
-    ASSERT_FALSE(nobody.has_value());
-    EXPECT_EQ(nobody.error(), u"KelvaLR already runs, but does not answer."_s);
+    EXPECT_EQ(handOver(QDBusConnection(u"nowhere"_s), std::nullopt),
+              std::unexpected(u"KelvaLR already runs, but does not answer."_s));
 }
 
 } // namespace

@@ -3,28 +3,21 @@
 #include "Stores/AppModelFixture.h"
 #include "Support/ScriptedHttpServer.h"
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
-using namespace Testing;
 
 class AppModelChatTest : public AppModelTest
 {
 protected:
-    AppModelChatTest()
-    {
-        model = std::make_unique<AppModel>(AppModelServices{*provider, computerUse, realtime, wakePhrase,
-                                                            speech, *lightroom.service, connection, actions,
-                                                            lightroom.applications, preferences});
-    }
+    AppModelChatTest() { makeModel(*provider, realtime, wakePhrase); }
 
     /// Submits a text that the server does not answer, and waits until it is there.
     void submitUnanswered(const QString &text)
     {
-        model->setPromptText(text);
-        model->submitPrompt();
+        send(text);
         ASSERT_TRUE(waitUntil([&] { return server.requests.size() == 1; }));
         ASSERT_TRUE(model->isResponding());
     }
@@ -35,30 +28,17 @@ protected:
             u"KEY"_s, server.baseUrl(), [](const QString &) { return std::optional(u"test-key"_s); }));
 };
 
-TEST_F(AppModelChatTest, aReplyShowsItsCardAndItsActionReachesThePlugin)
-{
-    server.answer = [](const auto &) {
-        return chatResponse(
-            uR"({"message":"Warmer.","action":{"type":"lr_adjust_sliders","text":"Temp:600:1"},
-                                 "artifact":{"kind":"markdown","title":"Look","body":"- warm"}})"_s);
-    };
-    submit(u"give this a warm, faded look"_s);
-
-    EXPECT_EQ(answers(), (QStringList{u"Warmer."_s, u"Lightroom Classic: Done"_s}));
-    ASSERT_TRUE(model->selectedArtifact());
-    EXPECT_EQ(model->selectedArtifact()->title, u"Look"_s);
-    EXPECT_EQ(lastCommand(),
-              (QJsonObject{{u"action"_s, u"adjust_sliders"_s}, {u"adjustments"_s, u"Temp:600:1"_s}}));
-}
+} // namespace
 
 TEST_F(AppModelChatTest, aSecondPromptWaitsInTheComposerWhileTheFirstIsUnderWay)
 {
     submitUnanswered(u"tell me about light"_s);
-    model->setPromptText(u"and about shadows"_s);
-    model->submitPrompt();
+    EXPECT_EQ(model->promptText(), QString());
+    send(u"and about shadows"_s);
     EXPECT_EQ(model->promptText(), u"and about shadows"_s);
 
     model->startNewSession(); // what is under way goes on, and answers into the new conversation
+    EXPECT_TRUE(model->messages().isEmpty());
     EXPECT_TRUE(model->isResponding());
     provider.reset();
     EXPECT_FALSE(model->isResponding());
@@ -72,7 +52,3 @@ TEST_F(AppModelChatTest, quittingWhileARequestIsUnderWayLeavesNothingBehind)
     model.reset();
     provider.reset(); // under the address sanitizer, a coroutine that still waited would be a leak
 }
-
-} // namespace
-
-} // namespace KelvaLR

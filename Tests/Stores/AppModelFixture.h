@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <thread>
 
 namespace KelvaLR::Testing {
 
@@ -21,17 +22,42 @@ namespace KelvaLR::Testing {
 class AppModelTest : public testing::Test
 {
 protected:
+    explicit AppModelTest(BridgeTiming timing = patientTiming())
+        : lightroom(timing)
+    {
+        makeModel(assistant, realtime, wakePhrase);
+    }
+
+    void makeModel(AssistantProvider &provider, RealtimeVoiceService &session, WakePhraseListener &listener)
+    {
+        model = std::make_unique<AppModel>(AppModelServices{provider, computerUse, session, listener, speech,
+                                                            *lightroom.service, connection, actions,
+                                                            lightroom.applications, preferences});
+    }
+
     void TearDown() override
     {
         EXPECT_TRUE(waitUntil([&] { return !realtime.hasTasksUnderWay() && !connection.isLooking(); }));
     }
 
-    /// Submits a text and waits until the model has answered it.
-    void submit(const QString &text)
+    void send(const QString &text)
     {
         model->setPromptText(text);
         model->submitPrompt();
+    }
+
+    /// Submits a text and waits until the model has answered it.
+    void submit(const QString &text)
+    {
+        send(text);
         ASSERT_TRUE(waitUntil([&] { return !model->isResponding(); }));
+    }
+
+    /// The session reports, from a thread of its own, that it has come to a state.
+    void enter(RealtimeVoiceState state)
+    {
+        std::jthread([&] { realtime.onStateChange(state); }).join();
+        ASSERT_TRUE(waitUntil([&] { return model->realtimeVoiceState() == state; }));
     }
 
     /// What the assistant has said so far.
@@ -68,9 +94,7 @@ protected:
     RecordingWakePhraseListener wakePhrase;
     RecordingSpokenFeedback speech;
     MemoryPreferences preferences;
-    std::unique_ptr<AppModel> model = std::make_unique<AppModel>(
-        AppModelServices{assistant, computerUse, realtime, wakePhrase, speech, *lightroom.service, connection,
-                         actions, lightroom.applications, preferences});
+    std::unique_ptr<AppModel> model;
 };
 
 } // namespace KelvaLR::Testing

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 using namespace KelvaLR;
@@ -28,15 +29,6 @@ protected:
         submit(u"import photos from folder "_s + folder.path());
     }
 
-    [[nodiscard]] QStringList trayNames() const
-    {
-        QStringList names;
-        for (const ImportedPhotoAsset &photo : model->importedPhotos()) {
-            names.append(photo.displayName);
-        }
-        return names;
-    }
-
     QTemporaryDir folder;
 };
 
@@ -46,17 +38,20 @@ TEST_F(AppModelImportedPhotosTest, importsExactlyTheSupportedFilesInTheOrderOfTh
 {
     makeFiles({u"IMG_10.CR3"_s, u"IMG_9.jpg"_s, u"notes.txt"_s, u".hidden.jpg"_s, u"apple.HEIC"_s});
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"sub.jpg"_s));
-
     import();
-
-    EXPECT_EQ(trayNames(), (QStringList{u"apple"_s, u"IMG_9"_s, u"IMG_10"_s}));
+    QStringList names;
+    for (const ImportedPhotoAsset &photo : model->importedPhotos()) {
+        names.append(photo.displayName);
+    }
+    EXPECT_EQ(names, (QStringList{u"apple"_s, u"IMG_9"_s, u"IMG_10"_s}));
     EXPECT_EQ(model->selectedImportedPhotos(), model->importedPhotos());
-    ASSERT_EQ(model->artifacts().size(), 1);
-    EXPECT_EQ(model->artifacts().constFirst().title, u"Imported Photos"_s);
-    EXPECT_EQ(model->artifacts().constFirst().body,
+    EXPECT_EQ(model->artifacts().size(), 1);
+    ASSERT_TRUE(model->selectedArtifact());
+    EXPECT_EQ(model->selectedArtifactID(), model->selectedArtifact()->id);
+    EXPECT_EQ(model->selectedArtifact()->title, u"Imported Photos"_s);
+    EXPECT_EQ(model->selectedArtifact()->body,
               u"Lightroom Classic: Imported 3 photos from folder\n\nFolder: %1\n\nPhotos found: 3"_s.arg(
                   folder.path()));
-    EXPECT_EQ(model->selectedArtifactID(), model->artifacts().constFirst().id);
     EXPECT_EQ(answers(), QStringList{u"Lightroom Classic: Imported 3 photos from folder"_s});
 
     makeFiles({u"new.nef"_s});
@@ -77,20 +72,15 @@ TEST_F(AppModelImportedPhotosTest, aRefusedImportAddsNothingAndSaysWhy)
 {
     makeFiles({u"a.jpg"_s});
 
-    const struct
-    {
-        QByteArray reply;
-        bool isAccepted;
-    } rows[] = {
+    const std::pair<QByteArray, bool> rows[] = {
         {ScriptedPlugin::errorReply(u"Photos not imported"_s), false},
         {ScriptedPlugin::successReply(u"Imported with an Error"_s), false},
         {ScriptedPlugin::successReply(u"Done"_s), false},
         {ScriptedPlugin::errorReply(u"No photos were imported from folder"_s), true},
     };
-
-    for (const auto &row : rows) {
-        import(row.reply);
-        EXPECT_EQ(!model->importedPhotos().isEmpty(), row.isAccepted) << row.reply.toStdString();
+    for (const auto &[reply, isAccepted] : rows) {
+        import(reply);
+        EXPECT_EQ(!model->importedPhotos().isEmpty(), isAccepted) << reply.toStdString();
         EXPECT_EQ(model->artifacts().constLast().title, u"Imported Photos"_s);
     }
     EXPECT_EQ(model->artifacts().size(), 4);
@@ -116,36 +106,30 @@ TEST_F(AppModelImportedPhotosTest, aRequestActsOnTheSelectedPhotosOrOnAllOfThem)
     const struct
     {
         QString text;
-        QJsonObject command;
+        QByteArray command; ///< without its target paths
+        QJsonArray targets;
     } rows[] = {
-        {u"rate these 4 stars"_s,
-         {{u"action"_s, u"rating"_s}, {u"value"_s, 4}, {u"target_paths"_s, selected}}},
-        {u"reject all imported photos"_s,
-         {{u"action"_s, u"cull"_s}, {u"type"_s, u"reject"_s}, {u"target_paths"_s, all}}},
+        {u"rate these 4 stars"_s, R"({"action":"rating","value":4})", selected},
+        {u"reject all imported photos"_s, R"({"action":"cull","type":"reject"})", all},
         {u"apply the Vivid preset to the selected photos"_s,
-         {{u"action"_s, u"apply_preset"_s}, {u"preset_name"_s, u"Vivid"_s}, {u"target_paths"_s, selected}}},
+         R"({"action":"apply_preset","preset_name":"Vivid"})", selected},
         {u"set exposure of these to 1"_s,
-         {{u"action"_s, u"adjust_slider"_s},
-          {u"slider"_s, u"exposure"_s},
-          {u"value"_s, 1},
-          {u"relative"_s, false},
-          {u"target_paths"_s, selected}}},
+         R"({"action":"adjust_slider","slider":"exposure","value":1,"relative":false})", selected},
         {u"make all photos brighter and warmer"_s,
-         {{u"action"_s, u"adjust_sliders"_s},
-          {u"adjustments"_s, u"exposure:0.3:1;temperature:500:1"_s},
-          {u"target_paths"_s, all}}},
+         R"({"action":"adjust_sliders","adjustments":"exposure:0.3:1;temperature:500:1"})", all},
     };
 
     lightroom.plugin.answer(ScriptedPlugin::successReply(u"Done"_s));
     for (const auto &row : rows) {
         SCOPED_TRACE(row.text.toStdString());
         submit(row.text);
-        EXPECT_EQ(lastCommand(), row.command);
+        QJsonObject command = QJsonDocument::fromJson(row.command).object();
+        command.insert("target_paths"_L1, row.targets);
+        EXPECT_EQ(lastCommand(), command);
         EXPECT_EQ(answers().constLast(), u"Lightroom Classic: Done"_s);
         EXPECT_EQ(model->artifacts().constLast().title, u"Imported Photo Action"_s);
         EXPECT_EQ(model->artifacts().constLast().body,
-                  u"Lightroom Classic: Done\n\nPhotos targeted: %1"_s.arg(
-                      row.command.value("target_paths"_L1).toArray().size()));
+                  u"Lightroom Classic: Done\n\nPhotos targeted: %1"_s.arg(row.targets.size()));
     }
 }
 

@@ -3,25 +3,11 @@
 
 #include <QTemporaryDir>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
-using namespace Testing;
 
-class AppModelSpeechTest : public AppModelTest
-{
-protected:
-    void readResponsesAloud() { preferences.setOn(Preference::readResponsesAloud, true); }
-
-    /// Lets the callbacks that were posted reach the model.
-    void enter(RealtimeVoiceState state)
-    {
-        realtime.onStateChange(state);
-        ASSERT_TRUE(waitUntil([&] { return model->realtimeVoiceState() == state; }));
-    }
-};
+using AppModelSpeechTest = AppModelTest;
 
 TEST_F(AppModelSpeechTest, nothingIsReadAloudInQuietModeUnlessTheUserWantsIt)
 {
@@ -33,17 +19,16 @@ TEST_F(AppModelSpeechTest, nothingIsReadAloudInQuietModeUnlessTheUserWantsIt)
     }
     EXPECT_TRUE(speech.texts.isEmpty());
 
-    readResponsesAloud();
+    preferences.setOn(Preference::readResponsesAloud, true);
     for (const QString &request : requests) {
         submit(request);
     }
-    EXPECT_EQ(speech.texts.size(), 5);
     EXPECT_EQ(speech.texts, answers().sliced(5));
 }
 
 TEST_F(AppModelSpeechTest, aChatAnswerIsReadInPlainWordsInEitherMode)
 {
-    readResponsesAloud();
+    preferences.setOn(Preference::readResponsesAloud, true);
     assistant.response.message.content = u"**Warm**, see [this](https://a.b)"_s;
     submit(u"hello"_s);
     EXPECT_EQ(speech.texts, QStringList{u"Warm, see this."_s});
@@ -61,7 +46,7 @@ TEST_F(AppModelSpeechTest, aChatAnswerIsReadInPlainWordsInEitherMode)
 
 TEST_F(AppModelSpeechTest, theListenerRestsWhileOurOwnVoiceSpeaks)
 {
-    readResponsesAloud();
+    preferences.setOn(Preference::readResponsesAloud, true);
     ASSERT_EQ(wakePhrase.starts, 1);
     submit(u"hello"_s);
     EXPECT_EQ(wakePhrase.stops, 1);
@@ -82,7 +67,7 @@ TEST_F(AppModelSpeechTest, theListenerRestsWhileOurOwnVoiceSpeaks)
 
 TEST_F(AppModelSpeechTest, aNewSessionAndTheMicrophoneControlSilenceIt)
 {
-    readResponsesAloud();
+    preferences.setOn(Preference::readResponsesAloud, true);
     submit(u"hello"_s);
     model->startNewSession();
     EXPECT_FALSE(speech.finish);
@@ -96,7 +81,3 @@ TEST_F(AppModelSpeechTest, aNewSessionAndTheMicrophoneControlSilenceIt)
     enter(RealtimeVoiceState::idle);
     EXPECT_EQ(wakePhrase.starts, 3);
 }
-
-} // namespace
-
-} // namespace KelvaLR

@@ -9,43 +9,37 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <sys/stat.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
-
-QString contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-mode_t permissionsOf(const QString &path)
-{
-    struct stat status{};
-    return stat(path.toUtf8().constData(), &status) == 0 ? status.st_mode & 0777 : 0;
-}
 
 TEST(DebugLog, appendsLinesThatOnlyTheOwnerCanRead)
 {
+    using std::filesystem::perms;
+    const auto permissions = [](const QString &path) {
+        return std::filesystem::status(path.toStdString()).permissions();
+    };
     const QTemporaryDir folder;
     const DebugLog log(folder.filePath(u"state/kelvalr/app_debug.log"_s));
     log.write(u"first %1 café"_s);
     log.write(u"second\nwith\r\na break"_s);
 
+    QFile file(log.file());
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    const QByteArray text = file.readAll();
     static const QRegularExpression lines(
         u"\\A\\[\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3}\\] first %1 café\n"
         "\\[[^]]{23}\\] second with  a break\n\\z"_s);
-    EXPECT_TRUE(lines.match(contents(log.file())).hasMatch()) << contents(log.file()).toStdString();
-    EXPECT_EQ(permissionsOf(log.file()), 0600U);
-    EXPECT_EQ(permissionsOf(folder.filePath(u"state/kelvalr"_s)), 0700U);
+    EXPECT_TRUE(lines.match(QString::fromUtf8(text)).hasMatch()) << text.toStdString();
+    EXPECT_EQ(permissions(log.file()), perms(0600));
+    EXPECT_EQ(permissions(folder.filePath(u"state/kelvalr"_s)), perms(0700));
 
-    QFile::setPermissions(log.file(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
     log.write(u"third"_s);
-    EXPECT_EQ(permissionsOf(log.file()), 0600U);
+    EXPECT_EQ(permissions(log.file()), perms(0600));
 }
 
 TEST(DebugLog, isSilentWhereItCannotWrite)
@@ -69,7 +63,3 @@ TEST(DebugLog, liesInTheUsersStateFolder)
     qunsetenv("XDG_STATE_HOME");
     EXPECT_EQ(DebugLog::defaultFile(), QDir::homePath() + u"/.local/state/kelvalr/app_debug.log"_s);
 }
-
-} // namespace
-
-} // namespace KelvaLR

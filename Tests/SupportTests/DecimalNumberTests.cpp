@@ -6,13 +6,10 @@
 
 #include <limits>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
-TEST(DecimalNumber, readsDecimalAndExponentNotation)
+TEST(DecimalNumber, isTheWholeTextInDecimalOrExponentNotation)
 {
     const std::pair<QString, double> cases[] = {
         {u"5500"_s, 5500},
@@ -26,13 +23,8 @@ TEST(DecimalNumber, readsDecimalAndExponentNotation)
         {u"5e-324"_s, std::numeric_limits<double>::denorm_min()},
     };
     for (const auto &[text, number] : cases) {
-        SCOPED_TRACE(text.toStdString());
-        EXPECT_EQ(decimalNumber(text), number);
+        EXPECT_EQ(decimalNumber(text), number) << text.toStdString();
     }
-}
-
-TEST(DecimalNumber, refusesWhatIsNotWhollyANumberThatFits)
-{
     for (const QString &text :
          {QString(), u" 1"_s, u"1 "_s, u"1,5"_s, u"+-1"_s, u"--1"_s, u"."_s, u"e5"_s, u"1e"_s, u"inf"_s,
           u"nan"_s, u"0x10"_s, u"1e999"_s, u"-1e999"_s, QString(400, u'9'), u"\u0663"_s}) {
@@ -42,14 +34,15 @@ TEST(DecimalNumber, refusesWhatIsNotWhollyANumberThatFits)
 
 TEST(DecimalNumber, truncatesOnlyWhatFitsAnInteger)
 {
-    EXPECT_EQ(truncatedInteger(3.9), 3);
-    EXPECT_EQ(truncatedInteger(-3.9), -3);
-    EXPECT_EQ(truncatedInteger(-9223372036854775808.0), std::numeric_limits<qint64>::min());
-    EXPECT_EQ(truncatedInteger(9223372036854775808.0), std::nullopt);
-    EXPECT_EQ(truncatedInteger(std::numeric_limits<double>::infinity()), std::nullopt);
-    EXPECT_EQ(truncatedInteger(std::numeric_limits<double>::quiet_NaN()), std::nullopt);
+    const std::pair<double, std::optional<qint64>> cases[] = {
+        {3.9, 3},
+        {-3.9, -3},
+        {-9223372036854775808.0, std::numeric_limits<qint64>::min()},
+        {9223372036854775808.0, std::nullopt},
+        {std::numeric_limits<double>::infinity(), std::nullopt},
+        {std::numeric_limits<double>::quiet_NaN(), std::nullopt},
+    };
+    for (const auto &[value, integer] : cases) {
+        EXPECT_EQ(truncatedInteger(value), integer) << value;
+    }
 }
-
-} // namespace
-
-} // namespace KelvaLR

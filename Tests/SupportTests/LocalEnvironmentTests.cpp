@@ -9,10 +9,7 @@
 
 #include <sys/stat.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
 TEST(LocalEnvironment, readsTheFirstLineWhoseNameMatchesExactly)
@@ -51,20 +48,23 @@ TEST(LocalEnvironment, looksIntoEachFolderOnceTheWorkingDirectoryFirst)
 TEST(LocalEnvironment, whatIsNoReadableTextFileHasNoValues)
 {
     const QTemporaryDir folder;
-    const auto file = [&](QLatin1StringView name, const QByteArray &bytes) {
-        QFile written(folder.filePath(name));
-        EXPECT_TRUE(written.open(QFile::WriteOnly) && written.write(bytes) == bytes.size());
-        written.close();
-        return LocalEnvironment::valueInFile(written.fileName(), u"NAME");
+    const std::pair<QByteArray, std::optional<QString>> cases[] = {
+        {"NAME=caf\xc3\xa9\n", u"café"_s},
+        {"\xef\xbb\xbfNAME=value\n", u"value"_s},
+        {"NAME=caf\xe9\n", std::nullopt},
+        {"NAME=value\n" + QByteArray(qsizetype{1024} * 1024, '\n'), std::nullopt},
     };
-    EXPECT_EQ(file("good"_L1, "NAME=caf\xc3\xa9\n"), u"café"_s);
-    EXPECT_EQ(file("marked"_L1, "\xef\xbb\xbfNAME=value\n"), u"value"_s);
-    EXPECT_EQ(file("latin1"_L1, "NAME=caf\xe9\n"), std::nullopt);
-    EXPECT_EQ(file("huge"_L1, "NAME=value\n" + QByteArray(qsizetype{1024} * 1024, '\n')), std::nullopt);
-    EXPECT_EQ(LocalEnvironment::valueInFile(folder.filePath(u"missing"_s), u"NAME"), std::nullopt);
-    EXPECT_EQ(LocalEnvironment::valueInFile(folder.path(), u"NAME"), std::nullopt);
-    ASSERT_EQ(mkfifo(folder.filePath(u"pipe"_s).toUtf8().constData(), 0600), 0);
-    EXPECT_EQ(LocalEnvironment::valueInFile(folder.filePath(u"pipe"_s), u"NAME"), std::nullopt);
+    for (const auto &[bytes, value] : cases) {
+        QFile file(folder.filePath(u"file"_s));
+        ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.flush());
+        EXPECT_EQ(LocalEnvironment::valueInFile(file.fileName(), u"NAME"), value)
+            << bytes.left(80).toStdString();
+    }
+    const QString pipe = folder.filePath(u"pipe"_s);
+    ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    for (const QString &path : {folder.filePath(u"missing"_s), folder.path(), pipe}) {
+        EXPECT_EQ(LocalEnvironment::valueInFile(path, u"NAME"), std::nullopt);
+    }
 }
 
 TEST(LocalEnvironment, theProcessEnvironmentComesFirstUnlessItIsEmpty)
@@ -87,7 +87,3 @@ TEST(LocalEnvironment, theProcessEnvironmentComesFirstUnlessItIsEmpty)
     EXPECT_EQ(LocalEnvironment::value(name), std::nullopt);
     QDir::setCurrent(previous);
 }
-
-} // namespace
-
-} // namespace KelvaLR

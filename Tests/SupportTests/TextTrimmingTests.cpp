@@ -4,37 +4,32 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
-TEST(TextTrimming, whiteSpaceIsUnicodesOwn)
+TEST(TextTrimming, takesOffOnlyWhatIsMeant)
 {
-    EXPECT_EQ(trimmedWhitespace(u" \t\r\n\u00A0\u2003\u2028a b\u3000\v"), u"a b"_s);
-    EXPECT_EQ(trimmedWhitespace(u"\u2028 \u00A0"), QString());
-}
-
-TEST(TextTrimming, punctuationIsTheSevenCharactersThatEndASentence)
-{
-    EXPECT_EQ(trimmedPunctuation(u" .,!?\n\tMr. Soft!?"), u"Mr. Soft"_s);
-    EXPECT_EQ(trimmedPunctuation(u"\r;Soft;\r"), u"\r;Soft;\r"_s);
-    EXPECT_EQ(trimmedPunctuation(u"?!."), QString());
-}
-
-TEST(TextTrimming, takesOnePairOfMatchingQuotesOff)
-{
-    const std::pair<QString, QString> cases[] = {
-        {u" \"Soft \" "_s, u"Soft "_s}, {u"'Soft'"_s, u"Soft"_s}, {u"\"'Soft'\""_s, u"'Soft'"_s},
-        {u"\"Soft'"_s, u"\"Soft'"_s},   {u"\""_s, u"\""_s},       {u"''"_s, QString()},
-        {u" 'tis "_s, u"'tis"_s},
+    const struct
+    {
+        QString (*trimmed)(QStringView);
+        QString text;
+        QString result;
+    } cases[] = {
+        {trimmedWhitespace, u" \t\r\n\u00A0\u2003\u2028a b\u3000\v"_s, u"a b"_s},
+        {trimmedWhitespace, u"\u2028 \u00A0"_s, QString()},
+        {trimmedPunctuation, u" .,!?\n\tMr. Soft!?"_s, u"Mr. Soft"_s},
+        {trimmedPunctuation, u"\r;Soft;\r"_s, u"\r;Soft;\r"_s},
+        {trimmedPunctuation, u"?!."_s, QString()},
+        {stripMatchingQuotes, u" \"Soft \" "_s, u"Soft "_s},
+        {stripMatchingQuotes, u"'Soft'"_s, u"Soft"_s},
+        {stripMatchingQuotes, u"\"'Soft'\""_s, u"'Soft'"_s},
+        {stripMatchingQuotes, u"\"Soft'"_s, u"\"Soft'"_s},
+        {stripMatchingQuotes, u"\""_s, u"\""_s},
+        {stripMatchingQuotes, u"''"_s, QString()},
+        {stripMatchingQuotes, u" 'tis "_s, u"'tis"_s},
     };
-    for (const auto &[text, stripped] : cases) {
-        EXPECT_EQ(stripMatchingQuotes(text), stripped) << text.toStdString();
+
+    for (const auto &c : cases) {
+        EXPECT_EQ(c.trimmed(c.text), c.result) << &c - cases;
     }
 }
-
-} // namespace
-
-} // namespace KelvaLR

@@ -4,122 +4,96 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
 TEST(ChatTextOutput, isTheTrimmedContentOfTheFirstChoice)
 {
-    const auto noOutput = std::unexpected(OpenAIProviderError::emptyOutput());
-    const std::pair<QByteArray, std::expected<QString, OpenAIProviderError>> cases[] = {
-        {R"({"choices":[{"message":{"content":" \n hi\u00a0\n"}},{"message":{"content":"other"}}]})",
-         u"hi"_s},
-        {R"({"choices":[{"message":{"content":""}}]})", u""_s},
-        {"", noOutput},
-        {"<html>", noOutput},
-        {"[]", noOutput},
-        {R"({"choices":[{"message":{"content":"cut)", noOutput},
-        {R"({"choices":[]})", noOutput},
-        {R"({"choices":{"0":{"message":{"content":"hi"}}}})", noOutput},
-        {R"({"choices":[{"message":{"content":"hi"}},5]})", noOutput},
-        {R"({"choices":["hi"]})", noOutput},
-        {R"({"choices":[{"message":"hi"}]})", noOutput},
-        {R"({"choices":[{"message":{"content":null}}]})", noOutput},
-        {QByteArray(1'000'000, '['), noOutput},
-    };
-    for (const auto &[body, output] : cases) {
-        EXPECT_EQ(chatTextOutput(body), output) << body.left(80).toStdString();
-    }
-}
-
-TEST(CleanJsonString, takesFencesOff)
-{
-    const std::pair<QString, QString> cases[] = {
-        {u" {} \n"_s, u"{}"_s},
-        {u"```json\n{}\n```"_s, u"{}"_s},
-        {u"```\n{}\n```\n"_s, u"{}"_s},
-        {u"{}\n```"_s, u"{}"_s},
-        {u"```json{}"_s, u"{}"_s},
-        {u"```JSON\n{}\n```"_s, u"JSON\n{}"_s},
-        {u"````\n{}\n````"_s, u"`\n{}\n`"_s},
-        {u"```"_s, u""_s},
-    };
-    for (const auto &[text, cleaned] : cases) {
-        EXPECT_EQ(cleanJsonString(text), cleaned) << text.toStdString();
+    EXPECT_EQ(chatTextOutput(
+                  R"({"choices":[{"message":{"content":" \n hi\u00a0\n"}},{"message":{"content":"x"}}]})"),
+              u"hi"_s);
+    EXPECT_EQ(chatTextOutput(R"({"choices":[{"message":{"content":""}}]})"), u""_s);
+    for (const QByteArray &body :
+         {""_ba, "<html>"_ba, "[]"_ba, R"({"choices":[{"message":{"content":"cut)"_ba, R"({"choices":[]})"_ba,
+          R"({"choices":{"0":{"message":{"content":"hi"}}}})"_ba,
+          R"({"choices":[{"message":{"content":"hi"}},5]})"_ba, R"({"choices":["hi"]})"_ba,
+          R"({"choices":[{"message":"hi"}]})"_ba, R"({"choices":[{"message":{"content":null}}]})"_ba,
+          QByteArray(1'000'000, '[')}) {
+        EXPECT_EQ(chatTextOutput(body), std::unexpected(OpenAIProviderError::emptyOutput()))
+            << body.left(80).toStdString();
     }
 }
 
 TEST(DecodeAssistantReply, aTextThatIsNoObjectIsTheMessageWordForWord)
 {
-    for (const QString &text : {u"Just ```prose```"_s, u"```JSON\n{\"message\":\"hi\"}\n```"_s, u"[1]"_s,
-                                u""_s, u"{\"message\":\"cut"_s, u"```json\nnull\n```"_s,
-                                u"{\"message\":1e999}"_s, QString(1'000'000, u'{')}) {
-        SCOPED_TRACE(text.left(80).toStdString());
+    for (const QString &text :
+         {u"Just ```prose```"_s, u"```"_s, u"````\n{}\n````"_s, u"```JSON\n{\"message\":\"hi\"}\n```"_s,
+          u"[1]"_s, u""_s, u"{\"message\":\"cut"_s, u"```json\nnull\n```"_s, u"{\"message\":1e999}"_s,
+          QString(1'000'000, u'{')}) {
         const AssistantResponse response = decodeAssistantReply(text);
-        EXPECT_EQ(response.message.content, text);
-        EXPECT_EQ(response.message.role, ConversationRole::assistant);
-        EXPECT_EQ(response.message.mode, InputMode::quiet);
-        EXPECT_TRUE(response.artifacts.isEmpty());
-        EXPECT_FALSE(response.action);
+        ConversationMessage message = response.message;
+        message.content = text;
+        message.role = ConversationRole::assistant;
+        message.mode = InputMode::quiet;
+        EXPECT_EQ(response, (AssistantResponse{message, {}, {}})) << text.left(80).toStdString();
     }
 }
 
-TEST(DecodeAssistantReply, aMessageThatIsNoTextIsEmpty)
+TEST(DecodeAssistantReply, findsTheMessageOfAnObjectInFences)
 {
-    EXPECT_EQ(decodeAssistantReply(u"```json\n{\"message\":\"hi\"}\n```"_s).message.content, u"hi"_s);
-    EXPECT_EQ(decodeAssistantReply(u"{\"message\":5}"_s).message.content, u""_s);
-    EXPECT_EQ(decodeAssistantReply(u"{\"message\":\"a\",\"message\":\"b\"}"_s).message.content, u"b"_s);
+    const std::pair<QString, QString> cases[] = {
+        {u" {\"message\":\"hi\"} \n"_s, u"hi"_s},
+        {u"```json\n{\"message\":\"hi\"}\n```"_s, u"hi"_s},
+        {u"```\n{\"message\":\"hi\"}\n```\n"_s, u"hi"_s},
+        {u"{\"message\":\"hi\"}\n```"_s, u"hi"_s},
+        {u"```json{\"message\":\"hi\"}"_s, u"hi"_s},
+        {u"{\"message\":5}"_s, u""_s},
+        {u"{\"message\":\"a\",\"message\":\"b\"}"_s, u"b"_s},
+    };
+    for (const auto &[text, message] : cases) {
+        EXPECT_EQ(decodeAssistantReply(text).message.content, message) << text.toStdString();
+    }
 }
 
 TEST(DecodeAssistantReply, readsACompleteCardOnly)
 {
-    const auto card = [](const QByteArray &json) {
+    const auto cards = [](const QByteArray &json) {
         return decodeAssistantReply(u"{\"message\":\"m\",\"artifact\":%1}"_s.arg(QString::fromUtf8(json)))
             .artifacts;
     };
-    const std::pair<const char *, ArtifactKind> kinds[] = {
-        {"markdown", ArtifactKind::markdown},
-        {"progress", ArtifactKind::progress},
-        {"note", ArtifactKind::note},
-        {"Markdown", ArtifactKind::note},
-        {"", ArtifactKind::note},
-    };
-    for (const auto &[raw, kind] : kinds) {
-        const auto cards =
-            card(R"({"kind":"%1","title":" T ","body":"a\\nb\nc\\\\nd"})"_ba.replace("%1", raw));
-        ASSERT_EQ(cards.size(), 1) << raw;
-        EXPECT_EQ(cards[0].kind, kind) << raw;
-        EXPECT_EQ(cards[0].title, u" T "_s);
-        EXPECT_EQ(cards[0].body, u"a\nb\nc\\\nd"_s);
-        EXPECT_EQ(cards[0].status, ArtifactStatus::ready);
-        EXPECT_FALSE(cards[0].id.isNull());
+    for (const auto &[raw, kind] :
+         {std::pair("markdown", ArtifactKind::markdown), std::pair("progress", ArtifactKind::progress),
+          std::pair("Markdown", ArtifactKind::note)}) {
+        const auto read =
+            cards(R"({"kind":"%1","title":" T ","body":"a\\nb\nc\\\\nd"})"_ba.replace("%1", raw));
+        ASSERT_EQ(read.size(), 1) << raw;
+        const Artifact card{read[0].id, kind, u" T "_s, {}, read[0].createdAt, u"a\nb\nc\\\nd"_s};
+        EXPECT_EQ(read[0], card) << raw;
     }
     for (const char *incomplete :
          {"null", "[]", "{}", R"({"kind":"note","title":"T"})", R"({"kind":"note","body":"b"})",
           R"({"title":"T","body":"b"})", R"({"kind":"note","title":"T","body":5})"}) {
-        EXPECT_TRUE(card(incomplete).isEmpty()) << incomplete;
+        EXPECT_TRUE(cards(incomplete).isEmpty()) << incomplete;
     }
 }
 
 TEST(DecodeAssistantReply, readsAnActionWithATypeAndItsFieldsOfTheRightType)
 {
-    const auto action = [](const QByteArray &json) {
-        return decodeAssistantReply(u"{\"action\":%1,\"artifact\":{}}"_s.arg(QString::fromUtf8(json))).action;
+    const std::pair<QByteArray, std::optional<AssistantAction>> cases[] = {
+        {R"({"type":"lr_x","script_code":"s","slider":"Exposure","value":5,"relative":false,
+             "text":"t","preset_name":"p","folder_path":"/f"})",
+         {{u"lr_x"_s, u"s"_s, u"Exposure"_s, 5.0, false, u"t"_s, u"p"_s, u"/f"_s}}},
+        {R"({"type":"","script_code":1,"slider":null,"value":"0.3","relative":"true","text":{},
+             "preset_name":[],"folder_path":2})",
+         AssistantAction{}},
+        {R"({"type":"t","value":true,"relative":1})", {{.type = u"t"_s}}},
+        {"null", {}},
+        {"[]", {}},
+        {R"({"slider":"Exposure"})", {}},
+        {R"({"type":5})", {}},
     };
-    EXPECT_EQ(action(R"({"type":"lr_x","script_code":"s","slider":"Exposure","value":5,"relative":false,
-                         "text":"t","preset_name":"p","folder_path":"/f"})"),
-              (AssistantAction{u"lr_x"_s, u"s"_s, u"Exposure"_s, 5.0, false, u"t"_s, u"p"_s, u"/f"_s}));
-    EXPECT_EQ(action(R"({"type":"","script_code":1,"slider":null,"value":"0.3","relative":"true","text":{},
-                         "preset_name":[],"folder_path":2})"),
-              AssistantAction{});
-    EXPECT_EQ(action(R"({"type":"t","value":true,"relative":1})"), (AssistantAction{.type = u"t"_s}));
-    for (const char *incomplete : {"null", "[]", R"({"slider":"Exposure"})", R"({"type":5})"}) {
-        EXPECT_FALSE(action(incomplete)) << incomplete;
+    for (const auto &[json, action] : cases) {
+        const QString reply = u"{\"action\":%1,\"artifact\":{}}"_s.arg(QString::fromUtf8(json));
+        EXPECT_EQ(decodeAssistantReply(reply).action, action) << json.toStdString();
     }
 }
-
-} // namespace
-
-} // namespace KelvaLR

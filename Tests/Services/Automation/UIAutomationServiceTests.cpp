@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace KelvaLR {
 
 void PrintTo(const UIAutomationResult &result, std::ostream *out)
@@ -16,36 +14,43 @@ void PrintTo(const UIAutomationResult &result, std::ostream *out)
     *out << result.sentence(QLatin1StringView("(accessibility denied)")).toStdString();
 }
 
+} // namespace KelvaLR
+
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
+
 namespace {
 
-using namespace Qt::StringLiterals;
-using namespace Testing;
+const auto success = &UIAutomationResult::success;
+const auto failure = &UIAutomationResult::failure;
 
-/// An application with a button that has a centre (1), one without (2) and a search field (3).
-AccessibilityTree sampleTree()
-{
-    AccessibilityTree tree = applicationTree();
-    AccessibilityElement element;
-    element.role = u"AXButton"_s;
-    element.title = u"Export"_s;
-    element.actions << u"AXPress"_s;
-    element.center = QPointF(10, 20);
-    appendElement(tree, 0, element);
-    element.title = u"Develop"_s;
-    element.center.reset();
-    appendElement(tree, 0, element);
-    element = {};
-    element.role = u"AXTextField"_s;
-    element.placeholder = u"Search"_s;
-    element.center = QPointF(30.5, 40);
-    appendElement(tree, 0, element);
-    return tree;
-}
+/// An operation's result, and what was done to the other program.
+using Outcome = std::pair<UIAutomationResult, QStringList>;
 
+/// In front is an application with a button that has a centre (1), one without (2) and a search field (3).
 class UIAutomation : public testing::Test
 {
 protected:
-    UIAutomation() { accessibility.elements = sampleTree(); }
+    UIAutomation()
+    {
+        AccessibilityTree &tree = accessibility.elements = applicationTree();
+        AccessibilityElement button{.role = u"AXButton"_s, .title = u"Export"_s, .actions = {u"AXPress"_s}};
+        appendElement(tree, 0, button);
+        tree.last().center = QPointF(10, 20);
+        button.title = u"Develop"_s;
+        appendElement(tree, 0, button);
+        appendElement(tree, 0,
+                      {.role = u"AXTextField"_s, .placeholder = u"Search"_s, .center = QPointF(30.5, 40)});
+    }
+
+    Outcome outcome(QCoro::Task<UIAutomationResult> operation)
+    {
+        const UIAutomationResult result = waitForTask(std::move(operation));
+        return {result, std::exchange(journal, {})};
+    }
+
+    Outcome press(const QString &key) { return outcome(service.pressKey(KeyboardKey::parse(key).value())); }
 
     QStringList journal;
     FakeAccessibility accessibility{journal};
@@ -54,120 +59,74 @@ protected:
     UIAutomationService service{accessibility, inputEvents, frontmost};
 };
 
-using Operation = std::function<QCoro::Task<UIAutomationResult>(const UIAutomationService &)>;
-
-struct OperationCase
-{
-    const char *name;
-    Operation run;
-    UIAutomationResult result;
-    QStringList journal;
-};
-
-Operation click(const QString &name)
-{
-    return [=](const UIAutomationService &service) { return service.clickVisibleElement(name); };
-}
-
-Operation focus(const QString &name)
-{
-    return [=](const UIAutomationService &service) { return service.focusField(name); };
-}
-
-Operation typeInto(const QString &text, const QString &field)
-{
-    return [=](const UIAutomationService &service) { return service.typeTextIntoField(text, field); };
-}
-
-Operation type(const QString &text)
-{
-    return [=](const UIAutomationService &service) { return service.typeText(text); };
-}
-
-Operation press(const QString &description)
-{
-    return [=](const UIAutomationService &service) {
-        return service.pressKey(KeyboardKey::parse(description).value());
-    };
-}
+} // namespace
 
 TEST_F(UIAutomation, actsAndSaysWhatItDid)
 {
-    const auto success = &UIAutomationResult::success;
-    const auto failure = &UIAutomationResult::failure;
-    const OperationCase cases[] = {
-        {"click", click(u" Export\n"_s), success(u"Clicked Export."_s), {u"press 1"_s}},
-        {"click nothing", click(u" \n"_s), failure(u"No click target provided."_s), {}},
-        {"click what is not there", click(u"Print"_s), failure(u"Could not find Print on screen."_s), {}},
-        {"focus", focus(u"search"_s), success(u"Focused search."_s), {u"focus 3"_s, u"click 30.5,40"_s}},
-        {"focus nothing", focus(QString()), failure(u"No field target provided."_s), {}},
-        {"focus a button", focus(u"Export"_s), failure(u"Could not find Export field on screen."_s), {}},
-        {"type into a field",
-         typeInto(u"  cats "_s, u" Search "_s),
-         success(u"Typed text into Search."_s),
-         {u"focus 3"_s, u"click 30.5,40"_s, u"text   cats "_s}},
-        {"type nothing into a field",
-         typeInto(QString(), u"Search"_s),
-         success(u"Typed text into Search."_s),
-         {u"focus 3"_s, u"click 30.5,40"_s, u"text "_s}},
-        {"type into a missing field",
-         typeInto(u"cats"_s, u"Name"_s),
-         failure(u"Could not find Name field on screen."_s),
-         {}},
-        {"type", type(u"  hello  "_s), success(u"Typed text."_s), {u"text hello"_s}},
-        {"type nothing", type(u" \t "_s), failure(u"No text provided."_s), {}},
-        {"press", press(u"shift cmd z"_s), success(u"Pressed Command-Shift-Z."_s), {u"key 6 0x120000"_s}},
-        {"press without modifiers", press(u"escape"_s), success(u"Pressed Escape."_s), {u"key 53 0x0"_s}},
-        {"press an unknown key", press(u"page down"_s), failure(u"Could not press Page Down."_s), {}},
-    };
-    for (const OperationCase &c : cases) {
-        SCOPED_TRACE(c.name);
-        journal.clear();
-        EXPECT_EQ(waitForTask(c.run(service)), c.result);
-        EXPECT_EQ(journal, c.journal);
-    }
+    EXPECT_EQ(outcome(service.clickVisibleElement(u" Export\n"_s)),
+              Outcome(success(u"Clicked Export."_s), {u"press 1"_s}));
     EXPECT_EQ(accessibility.lastProcessId, FixedFrontmostApplication::lightroomClassic().processId);
     EXPECT_EQ(accessibility.lastPrompt, TrustPrompt::shown);
+    EXPECT_EQ(outcome(service.clickVisibleElement(u" \n"_s)),
+              Outcome(failure(u"No click target provided."_s), {}));
+    EXPECT_EQ(outcome(service.clickVisibleElement(u"Print"_s)),
+              Outcome(failure(u"Could not find Print on screen."_s), {}));
+
+    const QString focused = u"focus 3"_s;
+    const QString clicked = u"click 30.5,40"_s;
+    EXPECT_EQ(outcome(service.focusField(u"search"_s)),
+              Outcome(success(u"Focused search."_s), {focused, clicked}));
+    EXPECT_EQ(outcome(service.focusField(QString())), Outcome(failure(u"No field target provided."_s), {}));
+    EXPECT_EQ(outcome(service.focusField(u"Export"_s)),
+              Outcome(failure(u"Could not find Export field on screen."_s), {}));
+    EXPECT_EQ(outcome(service.typeTextIntoField(u"  cats "_s, u" Search "_s)),
+              Outcome(success(u"Typed text into Search."_s), {focused, clicked, u"text   cats "_s}));
+    EXPECT_EQ(outcome(service.typeTextIntoField(QString(), u"Search"_s)),
+              Outcome(success(u"Typed text into Search."_s), {focused, clicked, u"text "_s}));
+    EXPECT_EQ(outcome(service.typeTextIntoField(u"cats"_s, u"Name"_s)),
+              Outcome(failure(u"Could not find Name field on screen."_s), {}));
+
+    EXPECT_EQ(outcome(service.typeText(u"  hello  "_s)),
+              Outcome(success(u"Typed text."_s), {u"text hello"_s}));
+    EXPECT_EQ(outcome(service.typeText(u" \t "_s)), Outcome(failure(u"No text provided."_s), {}));
+    EXPECT_EQ(press(u"shift cmd z"_s),
+              Outcome(success(u"Pressed Command-Shift-Z."_s), {u"key 6 0x120000"_s}));
+    EXPECT_EQ(press(u"escape"_s), Outcome(success(u"Pressed Escape."_s), {u"key 53 0x0"_s}));
+    EXPECT_EQ(press(u"page down"_s), Outcome(failure(u"Could not press Page Down."_s), {}));
 }
 
 TEST_F(UIAutomation, clicksWithTheMouseWhereAPressFails)
 {
     accessibility.pressSucceeds = false;
-    EXPECT_EQ(waitForTask(service.clickVisibleElement(u"Export"_s)),
-              UIAutomationResult::success(u"Clicked Export."_s));
-    EXPECT_EQ(journal, (QStringList{u"press 1"_s, u"click 10,20"_s}));
-    EXPECT_EQ(waitForTask(service.clickVisibleElement(u"Develop"_s)),
-              UIAutomationResult::failure(u"Could not click Develop."_s));
+    EXPECT_EQ(outcome(service.clickVisibleElement(u"Export"_s)),
+              Outcome(success(u"Clicked Export."_s), {u"press 1"_s, u"click 10,20"_s}));
+    EXPECT_EQ(outcome(service.clickVisibleElement(u"Develop"_s)),
+              Outcome(failure(u"Could not click Develop."_s), {u"press 2"_s}));
 }
 
 TEST_F(UIAutomation, doesNothingWithoutAccessibility)
 {
     accessibility.trusted = false;
-    for (const Operation &run : {click(u"Export"_s), focus(u"Search"_s), typeInto(u"a"_s, u"Search"_s),
-                                 type(u"a"_s), press(u"page down"_s)}) {
-        EXPECT_EQ(waitForTask(run(service)), UIAutomationResult::accessibilityDenied());
-    }
+    const Outcome denied(UIAutomationResult::accessibilityDenied(), {});
+    EXPECT_EQ(outcome(service.clickVisibleElement(u"Export"_s)), denied);
+    EXPECT_EQ(outcome(service.focusField(u"Search"_s)), denied);
+    EXPECT_EQ(outcome(service.typeTextIntoField(u"a"_s, u"Search"_s)), denied);
+    EXPECT_EQ(outcome(service.typeText(u"a"_s)), denied);
+    EXPECT_EQ(press(u"page down"_s), denied);
     EXPECT_TRUE(waitForTask(service.getVisibleElements()).isEmpty());
     // Arguments are looked at first.
-    EXPECT_EQ(waitForTask(service.typeText(u" "_s)), UIAutomationResult::failure(u"No text provided."_s));
-    EXPECT_EQ(journal, QStringList());
+    EXPECT_EQ(outcome(service.typeText(u" "_s)), Outcome(failure(u"No text provided."_s), {}));
 }
 
 TEST_F(UIAutomation, searchesOnlyAFrontmostApplication)
 {
+    EXPECT_EQ(waitForTask(service.getVisibleElements()).size(), 2);
     frontmost.application.reset();
-    const auto failure = UIAutomationResult::failure(u"No frontmost app is available."_s);
-    EXPECT_EQ(waitForTask(service.clickVisibleElement(u"Export"_s)), failure);
-    EXPECT_EQ(waitForTask(service.typeTextIntoField(u"a"_s, u"Search"_s)), failure);
+    const Outcome nothingInFront(failure(u"No frontmost app is available."_s), {});
+    EXPECT_EQ(outcome(service.clickVisibleElement(u"Export"_s)), nothingInFront);
+    EXPECT_EQ(outcome(service.typeTextIntoField(u"a"_s, u"Search"_s)), nothingInFront);
     EXPECT_TRUE(waitForTask(service.getVisibleElements()).isEmpty());
-    EXPECT_EQ(waitForTask(service.typeText(u"a"_s)), UIAutomationResult::success(u"Typed text."_s));
-}
-
-TEST_F(UIAutomation, listsWhatTheFrontmostApplicationShows)
-{
-    const auto listed = waitForTask(service.getVisibleElements());
-    ASSERT_EQ(listed.size(), 2);
-    EXPECT_EQ(listed.first().name, u"Export"_s);
+    EXPECT_EQ(outcome(service.typeText(u"a"_s)), Outcome(success(u"Typed text."_s), {u"text a"_s}));
 }
 
 TEST_F(UIAutomation, aTaskOutlivesItsService)
@@ -179,28 +138,15 @@ TEST_F(UIAutomation, aTaskOutlivesItsService)
     EXPECT_EQ(journal.last(), u"text cats"_s);
 }
 
-TEST(UIAutomationResult, givesTheCallersWordsForAMissingPermission)
-{
-    EXPECT_EQ(UIAutomationResult::success(u"Done."_s).sentence(u"Denied."_s), u"Done."_s);
-    EXPECT_EQ(UIAutomationResult::failure(u"No."_s).sentence(u"Denied."_s), u"No."_s);
-    EXPECT_EQ(UIAutomationResult::accessibilityDenied().sentence(u"Denied."_s), u"Denied."_s);
-}
-
 TEST_F(UIAutomation, saysSoWhenNobodyReceivesTheEvents)
 {
     accessibility.pressSucceeds = false;
     inputEvents.isReceived = false;
-    std::pair<QString, QCoro::Task<UIAutomationResult>> cases[] = {
-        {u"Could not click export."_s, service.clickVisibleElement(u"export"_s)},
-        {u"Could not focus search."_s, service.typeTextIntoField(u"hello"_s, u"search"_s)},
-        {u"Could not type all of the text."_s, service.typeText(u"hello"_s)},
-        {u"Could not press Z."_s, service.pressKey(*KeyboardKey::parse(u"z"_s))},
-    };
-    for (auto &[sentence, operation] : cases) {
-        EXPECT_EQ(waitForTask(std::move(operation)), UIAutomationResult::failure(sentence));
-    }
+    EXPECT_EQ(outcome(service.clickVisibleElement(u"Export"_s)),
+              Outcome(failure(u"Could not click Export."_s), {u"press 1"_s}));
+    EXPECT_EQ(outcome(service.typeTextIntoField(u"cats"_s, u"Search"_s)),
+              Outcome(failure(u"Could not focus Search."_s), {u"focus 3"_s}));
+    EXPECT_EQ(outcome(service.typeText(u"cats"_s)),
+              Outcome(failure(u"Could not type all of the text."_s), {}));
+    EXPECT_EQ(press(u"z"_s), Outcome(failure(u"Could not press Z."_s), {}));
 }
-
-} // namespace
-
-} // namespace KelvaLR

@@ -4,10 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using Change = SilenceMeter::Change;
 using SampleType = AudioFormat::SampleType;
 
@@ -18,21 +15,14 @@ TEST(SilenceMeter, tellsOnceOfEachChange)
     QByteArray sound = zeros;
     sound[399] = 1;
     SilenceMeter meter(std::chrono::milliseconds(200));
-
-    struct Block
-    {
-        QByteArray samples;
-        std::optional<Change> change;
-    };
-
-    const Block blocks[] = {
+    const std::pair<QByteArray, std::optional<Change>> blocks[] = {
         {zeros, std::nullopt},       {sound, Change::wasHeard},   {sound, std::nullopt},
         {zeros, std::nullopt},       {sound, std::nullopt},       {zeros, std::nullopt},
         {zeros, Change::fellSilent}, {zeros, std::nullopt},       {sound, Change::wasHeard},
         {zeros, std::nullopt},       {zeros, Change::fellSilent},
     };
-    for (const Block &block : blocks) {
-        EXPECT_EQ(meter.take(block.samples, 100, format), block.change) << &block - blocks;
+    for (const auto &block : blocks) {
+        EXPECT_EQ(meter.take(block.first, 100, format), block.second) << &block - blocks;
     }
 }
 
@@ -43,7 +33,3 @@ TEST(SilenceMeter, knowsTheZeroOfUnsignedSamples)
     EXPECT_EQ(meter.take(QByteArray(100, '\0'), 100, format), Change::wasHeard);
     EXPECT_EQ(meter.take(QByteArray(100, '\x80'), 100, format), Change::fellSilent);
 }
-
-} // namespace
-
-} // namespace KelvaLR

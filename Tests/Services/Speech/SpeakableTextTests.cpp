@@ -3,19 +3,12 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
 TEST(SpeakableText, saysTheWordsAndNotTheMarkdown)
 {
-    const struct
-    {
-        QString markdown;
-        QString spoken;
-    } cases[]{
+    const std::pair<QString, QString> cases[] = {
         {u""_s, u""_s},
         {u" \n\n"_s, u""_s},
         {u"Try **+0.5** or *-10*, at __5500__ K."_s, u"Try +0.5 or -10, at 5500 K."_s},
@@ -39,9 +32,8 @@ TEST(SpeakableText, saysTheWordsAndNotTheMarkdown)
         {u"`unfinished **and [broken](link"_s, u"unfinished and [broken](link."_s},
         {u"Größe 日本語 😀 →"_s, u"Größe 日本語 😀 →."_s},
     };
-
-    for (const auto &row : cases) {
-        EXPECT_EQ(speakableText(row.markdown), row.spoken) << row.markdown.toStdString();
+    for (const auto &[markdown, spoken] : cases) {
+        EXPECT_EQ(speakableText(markdown), spoken) << markdown.toStdString();
     }
 }
 
@@ -60,7 +52,3 @@ TEST(SpeakableText, endsALongTextAfterTheSentenceWithWhichItGetsLong)
         EXPECT_LE(speakableText(odd.repeated(50'000)).size(), 900) << odd.toStdString();
     }
 }
-
-} // namespace
-
-} // namespace KelvaLR

@@ -4,10 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 
 TEST(RealtimePhrases, hearTheWakePhrase)
@@ -35,12 +32,3 @@ TEST(RealtimePhrases, hearWhenTheSessionShallEnd)
         EXPECT_FALSE(isVoiceSessionStopCommand(transcript)) << transcript.toStdString();
     }
 }
-
-TEST(RealtimePhrases, areComparedByTheirWords)
-{
-    EXPECT_EQ(normalizedComputerUseText(u"  Hey,   KELVA - 2 stops_more! "_s), u"hey kelva 2 stopsmore"_s);
-}
-
-} // namespace
-
-} // namespace KelvaLR

@@ -29,12 +29,7 @@ class RealtimeSessionTest : public testing::Test
 protected:
     using State = RealtimeVoiceState;
 
-    explicit RealtimeSessionTest(
-        ScriptedHttpServer::Transport transport = ScriptedHttpServer::Transport::plain)
-        : server(transport)
-    {
-        service = makeService(server.baseUrl());
-    }
+    RealtimeSessionTest() { useService(server.baseUrl()); }
 
     /// Sessions whose waits end soon, but for those that a test is not about.
     static RealtimeTiming timing()
@@ -44,28 +39,26 @@ protected:
             .connection = 5s, .ping = 1s, .idleDisconnect = 20s, .speechEnd = 30ms, .feedbackEcho = 200ms};
     }
 
-    std::unique_ptr<OpenAIRealtimeVoiceService>
-    makeService(const QString &baseUrl, RealtimeTiming timing = RealtimeSessionTest::timing())
+    void useService(const QString &baseUrl, RealtimeTiming timing = RealtimeSessionTest::timing())
     {
-        return makeService(baseUrl, timing, input, output);
+        useService(baseUrl, timing, input, output);
     }
 
-    std::unique_ptr<OpenAIRealtimeVoiceService> makeService(const QString &baseUrl, RealtimeTiming timing,
-                                                            AudioInput &microphone, AudioOutput &speaker)
+    void useService(const QString &baseUrl, RealtimeTiming timing, AudioInput &microphone,
+                    AudioOutput &speaker)
     {
         const auto lookup = [this](const QString &) { return apiKey; };
-        auto made = std::make_unique<OpenAIRealtimeVoiceService>(
+        service = std::make_unique<OpenAIRealtimeVoiceService>(
             OpenAIAccess(QStringLiteral("KELVALR_OPENAI_API_KEY"), baseUrl, lookup), microphone, speaker,
-            RealtimeToolRunner(*lightroom.service, computerUse), DebugLog(log()), timing);
-        made->onStateChange = [this](State state) { states.append(state); };
-        made->onAssistantTranscript = [this](const QString &text) { transcripts.append(text); };
-        made->onComputerUseResult = [this](const ComputerUseResult &result) {
+            RealtimeToolRunner(*lightroom.service, computerUse), log, timing);
+        service->onStateChange = [this](State state) { states.append(state); };
+        service->onAssistantTranscript = [this](const QString &text) { transcripts.append(text); };
+        service->onComputerUseResult = [this](const ComputerUseResult &result) {
             results.append(result.summary);
         };
-        made->onWakePhraseDetected = [this] { ++wakePhrases; };
-        made->onError = [this](const QString &text) { errors.append(text); };
-        made->onResponseDone = [this] { ++responsesDone; };
-        return made;
+        service->onWakePhraseDetected = [this] { ++wakePhrases; };
+        service->onError = [this](const QString &text) { errors.append(text); };
+        service->onResponseDone = [this] { ++responsesDone; };
     }
 
     /// Opens a session and takes what it begins with.
@@ -73,7 +66,8 @@ protected:
     {
         waitForTask(service->start(kind));
         ASSERT_TRUE(service->isActive()) << errors.join(u' ').toStdString();
-        ASSERT_TRUE(waitUntil([&] { return received(kind == RealtimeSessionKind::voice ? 2 : 1); }));
+        ASSERT_TRUE(
+            waitUntil([&] { return server.events.size() >= (kind == RealtimeSessionKind::voice ? 2 : 1); }));
         (void)server.takeTypes();
         states.clear();
     }
@@ -86,7 +80,10 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return logged().contains(mark); }));
     }
 
-    [[nodiscard]] bool received(qsizetype events) const { return server.events.size() >= events; }
+    void sendError(const QJsonValue &error)
+    {
+        server.send({{QStringLiteral("type"), QStringLiteral("error")}, {QStringLiteral("error"), error}});
+    }
 
     [[nodiscard]] QStringList typesWhen(qsizetype count)
     {
@@ -98,15 +95,14 @@ protected:
         return types;
     }
 
-    [[nodiscard]] QString log() const { return folder.filePath(QStringLiteral("app_debug.log")); }
-
     [[nodiscard]] QString logged() const
     {
-        QFile file(log());
+        QFile file(log.file());
         return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
 
     QTemporaryDir folder;
+    DebugLog log{folder.filePath(QStringLiteral("app_debug.log"))};
     LightroomRig lightroom;
     MacComputerUseService computerUse{*lightroom.service, lightroom.automation, lightroom.applications};
     FakeAudioInput input;

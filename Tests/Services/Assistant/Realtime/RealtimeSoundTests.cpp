@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 class RealtimeSoundTest : public RealtimeSessionTest
 {
 protected:
-    RealtimeSoundTest() { service = makeService(server.baseUrl(), timing(), microphone, speaker); }
+    RealtimeSoundTest() { useService(server.baseUrl(), timing(), microphone, speaker); }
 
     void TearDown() override { service.reset(); } // it is the devices that end last
 

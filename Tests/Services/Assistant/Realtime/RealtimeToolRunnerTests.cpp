@@ -5,18 +5,17 @@
 #include "Support/PrintQt.h"
 #include "Support/WaitForTask.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-namespace KelvaLR::Testing {
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class RealtimeToolRunnerTest : public testing::Test
 {
@@ -40,6 +39,8 @@ protected:
     MacComputerUseService computerUse{*rig.service, rig.automation, rig.applications};
     RealtimeToolRunner runner{*rig.service, computerUse};
 };
+
+} // namespace
 
 TEST_F(RealtimeToolRunnerTest, sendsThePluginWhatTheArgumentsMean)
 {
@@ -85,108 +86,73 @@ TEST_F(RealtimeToolRunnerTest, sendsThePluginWhatTheArgumentsMean)
 
 TEST_F(RealtimeToolRunnerTest, actsOnThePhotosThatAreMeantOrSaysThatNoneIsSelected)
 {
-    const QString noneSelected = u"Select one or more imported photos in the artifact area first."_s;
-    const std::pair<RealtimeToolCall, bool> cases[] = {
-        {{.action = u"lr_adjust_slider"_s, .slider = u"Exposure"_s}, true},
-        {{.action = u"LR_Adjust_Sliders"_s, .text = u"Exposure:1:0"_s}, true},
-        {{.action = u"lr_apply_preset"_s, .text = u"Warm"_s}, true},
-        {{.action = u"lr_cull_photo"_s}, true},
-        {{.action = u"lr_set_rating"_s}, true},
-        {{.action = u"lr_import_folder"_s, .text = u"/tmp"_s}, false},
-        {{.action = u"lr_navigate"_s}, false},
-        {{.action = u"lr_get_status"_s}, false},
+    const QString done = u"Lightroom Classic: Done"_s;
+    const RealtimeToolCall targeted[] = {
+        {.action = u"lr_adjust_slider"_s, .slider = u"Exposure"_s},
+        {.action = u"LR_Adjust_Sliders"_s, .text = u"Exposure:1:0"_s},
+        {.action = u"lr_apply_preset"_s, .text = u"Warm"_s},
+        {.action = u"lr_cull_photo"_s},
+        {.action = u"lr_set_rating"_s},
     };
-    for (const auto &[call, needsTargets] : cases) {
-        SCOPED_TRACE(call.action.toStdString());
+    for (const RealtimeToolCall &call : targeted) {
         const qsizetype before = rig.plugin.lines().size();
-        EXPECT_EQ(run(call, QStringList()), needsTargets ? noneSelected : u"Lightroom Classic: Done"_s);
-        EXPECT_EQ(rig.plugin.lines().size() == before, needsTargets);
-
-        EXPECT_EQ(run(call, QStringList{u"/a.jpg"_s, u"/b.jpg"_s}), u"Lightroom Classic: Done"_s);
-        EXPECT_EQ(rig.plugin.commands().constLast().value("target_paths"_L1),
-                  needsTargets ? QJsonValue(QJsonArray{u"/a.jpg"_s, u"/b.jpg"_s}) : QJsonValue::Undefined);
+        EXPECT_EQ(run(call, QStringList()),
+                  u"Select one or more imported photos in the artifact area first."_s);
+        EXPECT_EQ(rig.plugin.lines().size(), before) << call.action.toStdString();
+        EXPECT_EQ(run(call, QStringList{u"/a.jpg"_s, u"/b.jpg"_s}), done);
+        EXPECT_TRUE(lastCommand().contains(R"("target_paths":["/a.jpg","/b.jpg"])"))
+            << call.action.toStdString();
+    }
+    for (const QString &action : {u"lr_import_folder"_s, u"lr_navigate"_s, u"lr_get_status"_s}) {
+        const RealtimeToolCall call{.action = action, .text = u"/tmp"_s};
+        EXPECT_EQ(run(call, QStringList()), done);
+        EXPECT_EQ(run(call, QStringList{u"/a.jpg"_s}), done);
+        EXPECT_FALSE(lastCommand().contains("target_paths")) << action.toStdString();
     }
 }
 
-TEST_F(RealtimeToolRunnerTest, saysWhatIsMissing)
+TEST_F(RealtimeToolRunnerTest, drivesTheDesktopOrSaysWhatIsMissing)
 {
-    const std::pair<RealtimeToolCall, QString> cases[] = {
+    const QString unsupported = u"KelvaLR only supports Lightroom and Lightroom Classic actions."_s;
+
+    const struct
+    {
+        RealtimeToolCall call;
+        QString answer;
+        QString deed = u""_s; ///< empty: nothing is done
+    } cases[] = {
+        {{.action = u"open_app"_s, .appName = u"Lightroom"_s}, u"Opened Lightroom."_s, u"open file:///a"_s},
         {{.action = u"open_app"_s}, u"No application name provided."_s},
         {{.action = u"open_app"_s, .appName = u""_s}, u"No application name provided."_s},
+        {{.action = u"click"_s, .targetName = u"export"_s}, u"Clicked export."_s, u"press 1"_s},
         {{.action = u"click"_s, .targetName = u""_s}, u"No Lightroom element name provided to click."_s},
+        {{.action = u"Type"_s, .text = u"hello"_s}, u"Typed text."_s, u"text hello"_s},
+        {{.action = u"type"_s, .targetName = u""_s, .text = u"hello"_s}, u"Typed text."_s, u"text hello"_s},
+        {{.action = u"type"_s, .targetName = u"nowhere"_s, .text = u"hello"_s},
+         u"Could not find nowhere field on screen."_s},
         {{.action = u"type"_s, .targetName = u"Search"_s, .text = u""_s}, u"No text provided to type."_s},
+        {{.action = u"press_key"_s, .key = u"escape"_s}, u"Pressed Escape."_s, u"key 53 0x0"_s},
         {{.action = u"press_key"_s}, u"Invalid or missing key: "_s},
         {{.action = u"press_key"_s, .key = u"Shift Key"_s}, u"Invalid or missing key: Shift Key"_s},
+        {{.action = u"inspect_ui"_s},
+         u"Interactive Lightroom elements in the active window:\n\n* [AXButton] \"Export\"\n"_s},
         {{.action = u"lr_import_folder"_s}, u"No folder path was provided."_s},
         {{.action = u"lr_set_rating"_s, .value = std::numeric_limits<double>::quiet_NaN()},
          u"That rating is not a number from 0 to 5."_s},
         {{.action = u"lr_set_rating"_s, .value = 1e19}, u"That rating is not a number from 0 to 5."_s},
-        {{.action = u"lr_delete"_s}, u"KelvaLR only supports Lightroom and Lightroom Classic actions."_s},
-        {{}, u"KelvaLR only supports Lightroom and Lightroom Classic actions."_s},
+        {{.action = u"lr_delete"_s}, unsupported},
+        {{}, unsupported},
     };
+
+    rig.applications.installed = {{u"Lightroom"_s, u"lightroom"_s, QUrl(u"file:///a"_s)}};
     rig.applications.frontmost = FixedFrontmostApplication::lightroomClassic();
-    for (const auto &[call, sentence] : cases) {
-        EXPECT_EQ(run(call, QStringList{u"/a.jpg"_s}), sentence) << call.action.toStdString();
-    }
-    EXPECT_TRUE(rig.plugin.lines().isEmpty() && rig.journal.isEmpty());
-}
-
-TEST_F(RealtimeToolRunnerTest, drivesTheWindowOnlyWhileLightroomIsInFront)
-{
-    const struct
-    {
-        RealtimeToolCall call;
-        QString deed; ///< as the refusal words it
-        QString answer;
-        QStringList journal;
-    } cases[] = {
-        {{.action = u"click"_s, .targetName = u"export"_s},
-         u"clicking"_s,
-         u"Clicked export."_s,
-         {u"press 1"_s}},
-        {{.action = u"Type"_s, .text = u"hello"_s}, u"typing"_s, u"Typed text."_s, {u"text hello"_s}},
-        {{.action = u"type"_s, .targetName = u""_s, .text = u"hello"_s},
-         u"typing"_s,
-         u"Typed text."_s,
-         {u"text hello"_s}},
-        {{.action = u"type"_s, .targetName = u"nowhere"_s, .text = u"hello"_s},
-         u"typing"_s,
-         u"Could not find nowhere field on screen."_s,
-         {}},
-        {{.action = u"press_key"_s, .key = u"escape"_s},
-         u"pressing keys"_s,
-         u"Pressed Escape."_s,
-         {u"key 53 0x0"_s}},
-        {{.action = u"inspect_ui"_s},
-         u"inspecting UI"_s,
-         u"Interactive Lightroom elements in the active window:\n\n* [AXButton] \"Export\"\n"_s,
-         {}},
-    };
-
     rig.accessibility.elements = {
         {.id = u"0"_s, .role = u"AXApplication"_s, .children = {1}},
         {.id = u"1"_s, .role = u"AXButton"_s, .title = u"Export"_s, .actions = {u"AXPress"_s}, .parent = 0},
     };
-    for (const auto &one : cases) {
-        rig.journal.clear();
-        rig.applications.frontmost = RunningApplication{.name = u"Files"_s};
-        EXPECT_EQ(run(one.call),
-                  "Bring Adobe Lightroom or Lightroom Classic to the front before "_L1 + one.deed + u'.');
-        EXPECT_EQ(rig.journal, QStringList());
-        rig.applications.frontmost = FixedFrontmostApplication::lightroomClassic();
-        EXPECT_EQ(run(one.call), one.answer);
-        EXPECT_EQ(rig.journal, one.journal);
+    for (const auto &c : cases) {
+        EXPECT_EQ(run(c.call, QStringList{u"/a.jpg"_s}), c.answer) << c.call.action.toStdString();
+        EXPECT_EQ(std::exchange(rig.journal, {}).join(u'|'), c.deed) << c.call.action.toStdString();
     }
     EXPECT_TRUE(rig.plugin.lines().isEmpty());
 }
-
-TEST_F(RealtimeToolRunnerTest, opensAnInstalledLightroom)
-{
-    rig.applications.installed = {
-        {u"Lightroom Stand-in"_s, u"lightroom-standin.desktop"_s, QUrl(u"file:///a.desktop"_s)}};
-    EXPECT_EQ(run({.action = u"open_app"_s, .appName = u"Lightroom"_s}), u"Opened Lightroom Stand-in."_s);
-}
-
-} // namespace
-
-} // namespace KelvaLR::Testing
