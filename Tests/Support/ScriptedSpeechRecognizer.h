@@ -71,19 +71,19 @@ private:
     class Recognition final : public SpeechRecognition
     {
     public:
-        Recognition(std::shared_ptr<ResultHandler> handler, std::atomic<qsizetype> &frames)
+        Recognition(std::shared_ptr<ResultHandler> handler, std::atomic<qsizetype> &appended)
             : m_handler(std::move(handler))
-            , m_frames(frames)
+            , m_appended(appended)
         {
         }
 
         ~Recognition() override { *m_handler = {}; }
 
-        void append(QByteArrayView, qsizetype frames, const AudioFormat &) override { m_frames += frames; }
+        void append(QByteArrayView, qsizetype count, const AudioFormat &) override { m_appended += count; }
 
     private:
         std::shared_ptr<ResultHandler> m_handler;
-        std::atomic<qsizetype> &m_frames;
+        std::atomic<qsizetype> &m_appended;
     };
 
     QPromise<bool> m_question;
