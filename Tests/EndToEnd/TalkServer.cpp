@@ -6,20 +6,16 @@
 #include "Support/ScriptedRealtimeServer.h"
 
 #include <QCoreApplication>
-#include <QJsonDocument>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <memory>
-#include <numbers>
 
 using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int sampleRate = 24'000;
 constexpr qsizetype deltaBytes = 9600;
 constexpr int loud = 2000;
 constexpr int loudBlocks = 10;  ///< after which somebody has spoken
@@ -32,15 +28,13 @@ bool isLoud(const QByteArray &pcm)
                        [](qint16 sample) { return sample > loud || sample < -loud; });
 }
 
+/// Two seconds at 500 Hz.
 QByteArray tone()
 {
-    constexpr double pitch = 440;
-    QByteArray pcm(qsizetype{2} * sampleRate * 2, '\0');
-    auto *samples = reinterpret_cast<qint16 *>(pcm.data());
-    for (int at = 0; at < 2 * sampleRate; ++at) {
-        samples[at] = static_cast<qint16>(9000 * std::sin(2 * std::numbers::pi * pitch * at / sampleRate));
-    }
-    return pcm;
+    const QByteArray high = QByteArrayLiteral("\x00\x20").repeated(24);
+    const QByteArray low = QByteArrayLiteral("\x00\xE0").repeated(24);
+    const QByteArray wave = high + low;
+    return wave.repeated(1000);
 }
 
 void say(const QString &line)
@@ -54,11 +48,9 @@ class TalkServer
 public:
     TalkServer()
     {
+        m_server.whenReceived = [this](const QJsonObject &event) { take(event); };
         m_server.whenConnected = [this] {
             m_server.send(u"session.created"_s);
-            QObject::connect(
-                m_server.client(), &QWebSocket::textMessageReceived, m_server.client(),
-                [this](const QString &text) { take(QJsonDocument::fromJson(text.toUtf8()).object()); });
             QObject::connect(m_server.client(), &QWebSocket::disconnected, m_server.client(),
                              [client = m_server.client()] {
                                  say(u"closed with %1"_s.arg(static_cast<int>(client->closeCode())));
@@ -86,12 +78,8 @@ private:
 
     void hear(const QByteArray &pcm)
     {
-        if (isLoud(pcm)) {
-            ++m_loudBlocks;
-            m_quietBlocks = 0;
-        } else {
-            ++m_quietBlocks;
-        }
+        m_loudBlocks += isLoud(pcm) ? 1 : 0;
+        m_quietBlocks = isLoud(pcm) ? 0 : m_quietBlocks + 1;
         if (m_loudBlocks < loudBlocks || m_quietBlocks < quietBlocks || m_hasAsked) {
             return;
         }

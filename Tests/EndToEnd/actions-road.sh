@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
 # The desktop asks for the system actions: of a program that does not run, of one that does, over the session bus and
 # by a second start. Runs on Scripts/desktop-session.
-here=$(cd "$(dirname "$0")" && pwd)
 services=$XDG_DATA_HOME/dbus-1/services
 # shellcheck source=Tests/EndToEnd/support.sh
-source "$here/support.sh"
+source "$(dirname "$0")/support.sh"
 export QT_QUICK_BACKEND=software
 
 # running: the process that has the program's name on this desktop's bus
@@ -34,14 +33,14 @@ ask() {
 
 composer() { "$here/window-element.py" --text "Ask KelvaLR"; }
 
+holds() { [ "$(composer)" = "focused $1" ]; }
+
 # composes NAME TEXT: the composer soon holds the text and has the keyboard
-composes() {
-    local deadline=$((SECONDS + 20))
-    until [ "$(composer)" = "focused $2" ] || [ "$SECONDS" -ge "$deadline" ]; do sleep 0.1; done
-    expect "$1" "focused $2" "$(composer)"
-}
+composes() { within 20 holds "$2" || expect "$1" "focused $2" "$(composer)"; }
 
 in_front() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
+
+is_in_front() { [ "$(in_front)" = KelvaLR ]; }
 
 # windows SEARCH...: the visible ones; looks again when one of them all goes while it looks
 windows() {
@@ -50,21 +49,16 @@ windows() {
     echo "$found"
 }
 
-# activate SEARCH...: the window, once it is there
-activate() {
-    local deadline=$((SECONDS + 20)) window
-    until window=$(windows "$@") && [ -n "$window" ] && xdotool windowactivate --sync "$window" 2>/dev/null; do
-        [ "$SECONDS" -lt "$deadline" ] || { echo "no window of $*"; exit 1; }
-        sleep 0.1
-    done
+try_to_activate() {
+    local window
+    window=$(windows "$@") && [ -n "$window" ] && xdotool windowactivate --sync "$window" 2>/dev/null
 }
 
+# activate SEARCH...: the window, once it is there
+activate() { within 20 try_to_activate "$@" || { echo "no window of $*"; exit 1; }; }
+
 # comes_to_front NAME: the window soon is
-comes_to_front() {
-    local deadline=$((SECONDS + 10))
-    until [ "$(in_front)" = KelvaLR ] || [ "$SECONDS" -ge "$deadline" ]; do sleep 0.1; done
-    expect "$1" KelvaLR "$(in_front)"
-}
+comes_to_front() { within 10 is_in_front || expect "$1" KelvaLR "$(in_front)"; }
 
 mkdir -p "$services"
 printf '[D-BUS Service]\nName=org.kelvalr.KelvaLR\nExec=%s --gapplication-service\n' "$kelvalr" \

@@ -3,11 +3,7 @@
 # shellcheck source=Tests/EndToEnd/support.sh
 source "$(dirname "$0")/support.sh"
 
-"$kelvalr" --install-plugin >/dev/null
-"$standin" --sample-photos "$work/photos"
-start_standin --photos "$work/photos"
-first=$(find "$work/photos" -name '*.jpg' | sort | head -n 1)
-sidecar=${first%.jpg}.xmp
+start_lightroom
 
 answers=$("$kelvalr" \
     --prompt "set exposure to +0.5" --prompt "increase contrast by 10" --prompt "rate it 4 stars in lightroom" \
@@ -17,18 +13,18 @@ expect "answers" "Lightroom Classic: Adjusted Exposure on 1 photo to 0.5
 Lightroom Classic: Adjusted Contrast on 1 photo to 10
 Lightroom Classic: Set rating to 4 on 1 photo
 Lightroom Classic: Set pickStatus to 1 on 1 photo
-Lightroom Classic: $(basename "$first") selected. Exposure 0.50 EV, rating 4.
+Lightroom Classic: $(basename "${photos[0]}") selected. Exposure 0.50 EV, rating 4.
 Lightroom Classic: Applied preset Soft Matte to 1 photo
 Lightroom Classic: Moved to photo 2" "$answers"
-expect "rating" 4 "$(xmp "$sidecar" Xmp.xmp.Rating)"
+expect "rating" 4 "$(xmp "$first" Xmp.xmp.Rating)"
 for setting in Exposure2012 Contrast2012; do
-    [ -n "$(xmp "$sidecar" Xmp.crs.$setting)" ] || expect "$setting in the sidecar" "a value" ""
+    [ -n "$(xmp "$first" Xmp.crs.$setting)" ] || expect "$setting in the sidecar" "a value" ""
 done
 
 # Exactly the imported photos are rated.
 mkdir "$work/more"
-cp "$first" "$work/more/one.jpg"
-cp "$first" "$work/more/two.JPG"
+cp "${photos[0]}" "$work/more/one.jpg"
+cp "${photos[0]}" "$work/more/two.JPG"
 echo "no photo" >"$work/more/notes.txt"
 sums() { find "$work/photos" -name '*.xmp' -exec md5sum {} + | sort; }
 untouched=$(sums)

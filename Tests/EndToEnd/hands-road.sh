@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # Requests reach Lightroom's window itself where there is no plug-in to be had, and its menu where the plug-in has
 # not been started. Runs on Scripts/desktop-session. With SCREENSHOT=FILE it leaves a picture of the window there.
-here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
-source "$here/support.sh"
+source "$(dirname "$0")/support.sh"
 
 # answers REQUEST...: what KelvaLR says to each
 answers() {
@@ -13,10 +12,7 @@ answers() {
 }
 
 mkdir "$work/no-plugin"
-"$standin" --sample-photos "$work/photos"
-mapfile -t photos < <(find "$work/photos" -name '*.jpg' | sort)
-first=${photos[0]%.jpg}.xmp
-second=${photos[1]%.jpg}.xmp
+sample_photos
 open_standin --photos "$work/photos" --modules "$work/no-plugin"
 
 expect "answer without consent" "Accessibility Permissions required for flag hotkey simulation." \

@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # A photographer whose plug-in is not connected is told why, and what to do, until it is. Runs on
 # Scripts/desktop-session. With SCREENSHOT=PREFIX it leaves a picture of each case there.
-here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
-source "$here/support.sh"
+source "$(dirname "$0")/support.sh"
 
 lightroom_pid() { cat "$work/lightroom.pid" 2>/dev/null || true; }
 
@@ -29,7 +28,7 @@ chmod +x "$work/lightroom"
 mkdir -p "$HOME/.local/share/applications" "$work/no-plugin"
 printf '[Desktop Entry]\nType=Application\nName=Adobe Lightroom Classic\nExec=%s\n' "$work/lightroom" \
     >"$HOME/.local/share/applications/lightroom.desktop"
-"$standin" --sample-photos "$work/photos"
+sample_photos
 "$kelvalr" --install-plugin >/dev/null
 "$kelvalr" --allow-computer-control yes >/dev/null
 

@@ -1,20 +1,17 @@
 #!/usr/bin/env bash
 # A photographer who listens: the window opens in voice mode and reads aloud what was done. Runs on
 # Scripts/desktop-session and Scripts/audio-session.
-here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
-source "$here/support.sh"
+source "$(dirname "$0")/support.sh"
 
-"$kelvalr" --install-plugin >/dev/null
-"$standin" --sample-photos "$work/photos" >/dev/null
-start_standin --photos "$work/photos"
+start_lightroom
 settings=${XDG_CONFIG_HOME:-$HOME/.config}/KelvaLR/KelvaLR.ini
 mkdir -p "$(dirname "$settings")"
 printf '[General]\nstartInQuietMode=false\nreadResponsesAloud=true\n' >"$settings"
 record_speaker
 
 "$kelvalr" --prompt "set contrast to 1" >/dev/null
-expect "sound of a command line" 0 "$(seconds_of_sound)"
+expect "sound of a command line" 0 "$(seconds_of_sound 0)"
 
 open_window
 

@@ -1,8 +1,9 @@
 # Sourced by the end-to-end tests: a home of their own, the stand-in, and checks that say what differs.
 # shellcheck shell=bash
 set -euo pipefail
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # shellcheck source=Tests/expect.sh
-source "$(dirname "${BASH_SOURCE[0]}")/../expect.sh"
+source "$here/../expect.sh"
 kelvalr=$1
 standin=$2
 work=$(mktemp -d)
@@ -19,6 +20,31 @@ cleanup() {
     rm -rf "$work"
 }
 trap cleanup EXIT
+
+# within SECONDS COMMAND...: tries until it succeeds; false when it has not within the time
+within() {
+    local deadline=$((SECONDS + $1))
+    until "${@:2}"; do
+        [ "$SECONDS" -lt "$deadline" ] || return 1
+        sleep 0.1
+    done
+}
+
+# sample_photos: their paths are in $photos, the sidecars of two of them are $first and $second
+# shellcheck disable=SC2034
+sample_photos() {
+    "$standin" --sample-photos "$work/photos" >/dev/null
+    mapfile -t photos < <(find "$work/photos" -name '*.jpg' | sort)
+    first=${photos[0]%.jpg}.xmp
+    second=${photos[1]%.jpg}.xmp
+}
+
+# start_lightroom: with the plug-in and the sample photos
+start_lightroom() {
+    "$kelvalr" --install-plugin >/dev/null
+    sample_photos
+    start_standin --photos "$work/photos"
+}
 
 start_standin() { run_standin ready --headless "$@"; }
 
@@ -53,13 +79,9 @@ xmp() { exiv2 -Pv -K "$2" "$1" 2>/dev/null || true; }
 
 # start_chat_server: that answers with the content of $work/reply, at OPENAI_BASE_URL; $work/requests is what it was sent
 start_chat_server() {
-    "$(dirname "${BASH_SOURCE[0]}")/chat-server.py" "$work/reply" >"$work/port" 2>"$work/requests" &
+    "$here/chat-server.py" "$work/reply" >"$work/port" 2>"$work/requests" &
     programs+=($!)
-    for _ in $(seq 100); do
-        [ -s "$work/port" ] && break
-        sleep 0.05
-    done
-    [ -s "$work/port" ] || { echo "the chat service did not get ready"; exit 1; }
+    within 5 test -s "$work/port" || { echo "the chat service did not get ready"; exit 1; }
     OPENAI_BASE_URL=http://127.0.0.1:$(cat "$work/port")/v1
     export OPENAI_BASE_URL
 }
@@ -75,18 +97,13 @@ open_window() {
 
 to_front() { timeout 20 xdotool windowactivate --sync "$window"; }
 
-# shows TEXT: waits until that window does
-shows() {
-    "$(dirname "${BASH_SOURCE[0]}")/window-element.py" "$1" >/dev/null || { cat "$work/kelvalr.err" >&2; exit 1; }
-}
+# element [--gone] NAME: where that window shows it, as "X Y", or nothing once it does not show it any more; ends the test
+# when that does not come within the deadline
+element() { "$here/window-element.py" "$@" || { cat "$work/kelvalr.err" >&2; exit 1; }; }
 
-# hides TEXT: waits until that window does not show it any more
-hides() {
-    "$(dirname "${BASH_SOURCE[0]}")/window-element.py" --gone "$1" || { cat "$work/kelvalr.err" >&2; exit 1; }
-}
+shows() { element "$1" >/dev/null; }
 
-# element NAME: where that window shows it, as "X Y"; ends the test when it does not within the deadline
-element() { "$(dirname "${BASH_SOURCE[0]}")/window-element.py" "$1" || { cat "$work/kelvalr.err" >&2; exit 1; }; }
+hides() { element --gone "$1"; }
 
 # click NAME [KEY]: with the left button, while the key is held
 click() {
@@ -122,9 +139,9 @@ record_speaker() {
 # recorded: how many bytes
 recorded() { stat --format=%s "$work/speaker"; }
 
-# seconds_of_sound [BYTE]: how long the speaker has been louder than a whisper since that place of the recording
+# seconds_of_sound BYTE: how long the speaker has been louder than a whisper since that place of the recording
 seconds_of_sound() {
-    python3 - "$work/speaker" "${1:-0}" <<'END'
+    python3 - "$work/speaker" "$1" <<'END'
 import array, sys
 samples = array.array("h")
 with open(sys.argv[1], "rb") as recording:
@@ -136,15 +153,10 @@ print((loud[-1] - loud[0]) // 24000 if loud else 0)
 END
 }
 
+has_heard() { [ "$(seconds_of_sound "$2")" -ge "$1" ]; }
+
 # hears SECONDS [BYTE]: waits until the speaker has been heard for so long since that place of the recording
-hears() {
-    local deadline=$((SECONDS + 20)) heard=0
-    until [ "$heard" -ge "$1" ] || [ "$SECONDS" -ge "$deadline" ]; do
-        sleep 0.1
-        heard=$(seconds_of_sound "${2:-0}")
-    done
-    [ "$heard" -ge "$1" ] || expect "seconds of sound" "$1 or more" "$heard"
-}
+hears() { within 20 has_heard "$1" "${2:-0}" || expect "seconds of sound" "$1 or more" "$(seconds_of_sound "${2:-0}")"; }
 
 # finish: ends the test
 finish() {

@@ -2,9 +2,8 @@
 # A photographer who speaks: "Hey Kelva" and a command into the microphone, the change in the sidecar, the answer out of
 # the speaker, and listening again. Runs on Scripts/desktop-session and Scripts/audio-session, whose microphone hears
 # what is played.
-here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
-source "$here/support.sh"
+source "$(dirname "$0")/support.sh"
 export KELVALR_PRESET_FOLDERS=$here/../../Sources/LightroomStandIn/Presets
 
 # say WORDS ANSWER: behind the phrase, once the program listens; until the answer is shown and has been heard
@@ -19,12 +18,7 @@ say() {
     hears 1 "$spoken"
 }
 
-"$kelvalr" --install-plugin >/dev/null
-"$standin" --sample-photos "$work/photos" >/dev/null
-start_standin --photos "$work/photos"
-mapfile -t photos < <(find "$work/photos" -name '*.jpg' | sort)
-first=${photos[0]%.jpg}.xmp
-second=${photos[1]%.jpg}.xmp
+start_lightroom
 record_speaker
 # A microphone that delivers nothing at all counts as muted.
 python3 -c 'import array, random, sys

@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # A photographer at the window: a typed command, an import, two clicked thumbnails, a batch on exactly those two.
 # Runs on Scripts/desktop-session. With SCREENSHOT=FILE it leaves a picture of the window there.
-here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=Tests/EndToEnd/support.sh
-source "$here/support.sh"
+source "$(dirname "$0")/support.sh"
 
 "$kelvalr" --install-plugin >/dev/null
 "$standin" --sample-photos "$work/samples"

@@ -61,21 +61,19 @@ public:
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
         constexpr uint panel = 39;
-        const int element = message.path().section(u'/', 2, 2).toInt();
+        QVariant answer;
         if (message.member() == QLatin1StringView("GetRole")) {
-            return connection.send(message.createReply(panel));
-        }
-        if (message.member() == QLatin1StringView("GetState")) {
-            return connection.send(message.createReply(QVariant::fromValue(QList<uint>{1U << 25U, 0})));
-        }
-        if (message.member() == QLatin1StringView("GetChildren")) {
+            answer = panel;
+        } else if (message.member() == QLatin1StringView("GetState")) {
+            answer = QVariant::fromValue(QList<uint>{1U << 25U, 0});
+        } else if (message.member() == QLatin1StringView("GetChildren")) {
             QList<ElementReference> children;
-            for (const int child : m_children(element)) {
+            for (const int child : m_children(message.path().section(u'/', 2, 2).toInt())) {
                 children.append({m_bus.baseService(), QDBusObjectPath(pathOf(child))});
             }
-            return connection.send(message.createReply(QVariant::fromValue(children)));
+            answer = QVariant::fromValue(children);
         }
-        return false;
+        return answer.isValid() && connection.send(message.createReply(answer));
     }
 
 private:

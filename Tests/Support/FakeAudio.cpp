@@ -16,14 +16,6 @@ QCoro::Task<bool> FakeAudioInput::requestAccess()
     co_return granted;
 }
 
-std::expected<AudioFormat, QString> FakeAudioInput::format()
-{
-    if (startError) {
-        return std::unexpected(*startError);
-    }
-    return microphone;
-}
-
 std::expected<void, QString> FakeAudioInput::start(qsizetype frames, BlockHandler onBlock,
                                                    FailureHandler onFailure)
 {
@@ -36,12 +28,6 @@ std::expected<void, QString> FakeAudioInput::start(qsizetype frames, BlockHandle
     m_onBlock = std::move(onBlock);
     m_onFailure = std::move(onFailure);
     return {};
-}
-
-void FakeAudioInput::stop()
-{
-    m_onBlock = {};
-    m_onFailure = {};
 }
 
 void FakeAudioInput::deliver(const QByteArray &samples)
@@ -84,23 +70,6 @@ void FakeAudioOutput::play(QByteArray samples)
         m_isPlaying = true;
         played += samples;
     }
-}
-
-void FakeAudioOutput::stop()
-{
-    ++m_turn;
-    ++stops;
-    m_isPlaying = false;
-}
-
-void FakeAudioOutput::finish()
-{
-    report([this] { m_onFinished(); });
-}
-
-void FakeAudioOutput::fail(const QString &sentence)
-{
-    report([this, sentence] { m_onFailure(sentence); });
 }
 
 void FakeAudioOutput::report(std::function<void()> handler)

@@ -17,10 +17,20 @@ class FakeAudioInput final : public AudioInput
 {
 public:
     QCoro::Task<bool> requestAccess() override;
-    std::expected<AudioFormat, QString> format() override;
+
+    std::expected<AudioFormat, QString> format() override
+    {
+        return startError ? std::expected<AudioFormat, QString>(std::unexpect, *startError) : microphone;
+    }
+
     std::expected<void, QString> start(qsizetype blockFrames, BlockHandler onBlock,
                                        FailureHandler onFailure) override;
-    void stop() override;
+
+    void stop() override
+    {
+        m_onBlock = {};
+        m_onFailure = {};
+    }
 
     [[nodiscard]] bool isCapturing() const { return static_cast<bool>(m_onBlock); }
 
@@ -49,15 +59,27 @@ public:
     std::expected<void, QString> start(AudioFormat format, FinishedHandler onFinished,
                                        FailureHandler onFailure) override;
     void play(QByteArray samples) override;
-    void stop() override;
+
+    void stop() override
+    {
+        ++m_turn;
+        ++stops;
+        m_isPlaying = false;
+    }
 
     bool isPlaying() const override { return m_isPlaying; }
 
     /// Everything has been heard, unless more is played or all is stopped before this is reported.
-    void finish();
+    void finish()
+    {
+        report([this] { m_onFinished(); });
+    }
 
     /// The speaker goes away.
-    void fail(const QString &sentence);
+    void fail(const QString &sentence)
+    {
+        report([this, sentence] { m_onFailure(sentence); });
+    }
 
     std::optional<AudioFormat> format; ///< of the latest start
     std::optional<QString> startError;

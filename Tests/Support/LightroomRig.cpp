@@ -7,58 +7,11 @@ namespace KelvaLR::Testing {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-FakeRunningApplications::FakeRunningApplications(QStringList &journal)
-    : m_journal(journal)
-{
-}
-
-std::optional<RunningApplication> FakeRunningApplications::frontmostApplication() const
-{
-    return frontmost;
-}
-
-QList<RunningApplication> FakeRunningApplications::runningApplications() const
-{
-    return running;
-}
-
-bool FakeRunningApplications::activate(const RunningApplication &application)
-{
-    m_journal.append("activate "_L1 + application.name);
-    return true;
-}
-
-void FakeRunningApplications::bringOwnWindowsToFront()
-{
-    m_journal.append(u"own windows"_s);
-}
-
-std::optional<InstalledApplication>
-FakeRunningApplications::applicationWithIdentifier(const QString &identifier) const
-{
-    return registered.contains(identifier) ? std::optional(registered.value(identifier)) : std::nullopt;
-}
-
-QList<InstalledApplication> FakeRunningApplications::installedApplications() const
-{
-    return installed;
-}
-
 QCoro::Task<std::expected<void, QString>> FakeRunningApplications::open(QUrl application)
 {
     co_await QCoro::sleepFor(0ms);
     m_journal.append("open "_L1 + application.toString());
     co_return auto(opening); // co_return would move from the member itself
-}
-
-void FakeRunningApplications::reveal(const QString &folder)
-{
-    m_journal.append("reveal "_L1 + folder);
-}
-
-FakeLightroomMenus::FakeLightroomMenus(QStringList &journal)
-    : m_journal(journal)
-{
 }
 
 QCoro::Task<std::expected<QString, QString>> FakeLightroomMenus::clickBridgeStatus()
@@ -103,13 +56,6 @@ BridgeTiming patientTiming()
     timing.send = 15s;
     timing.reply = 15s;
     return timing;
-}
-
-LightroomRig::LightroomRig(BridgeTiming timing)
-    : service(std::make_unique<LightroomService>(applications, accessibility, menus, automation,
-                                                 LightroomPluginInstaller(modules.path()), log,
-                                                 plugin.endpoint(), timing))
-{
 }
 
 } // namespace KelvaLR::Testing

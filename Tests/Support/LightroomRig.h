@@ -21,17 +21,33 @@ namespace KelvaLR::Testing {
 class FakeRunningApplications final : public RunningApplications
 {
 public:
-    explicit FakeRunningApplications(QStringList &journal);
+    explicit FakeRunningApplications(QStringList &journal)
+        : m_journal(journal)
+    {
+    }
 
-    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
-    [[nodiscard]] QList<RunningApplication> runningApplications() const override;
-    bool activate(const RunningApplication &application) override;
-    void bringOwnWindowsToFront() override;
-    [[nodiscard]] std::optional<InstalledApplication>
-    applicationWithIdentifier(const QString &identifier) const override;
-    [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
+    std::optional<RunningApplication> frontmostApplication() const override { return frontmost; }
+
+    QList<RunningApplication> runningApplications() const override { return running; }
+
+    bool activate(const RunningApplication &application) override
+    {
+        m_journal.append(QStringLiteral("activate ") + application.name);
+        return true;
+    }
+
+    void bringOwnWindowsToFront() override { m_journal.append(QStringLiteral("own windows")); }
+
+    std::optional<InstalledApplication> applicationWithIdentifier(const QString &identifier) const override
+    {
+        return registered.contains(identifier) ? std::optional(registered[identifier]) : std::nullopt;
+    }
+
+    QList<InstalledApplication> installedApplications() const override { return installed; }
+
     QCoro::Task<std::expected<void, QString>> open(QUrl application) override;
-    void reveal(const QString &folder) override;
+
+    void reveal(const QString &folder) override { m_journal.append(QStringLiteral("reveal ") + folder); }
 
     std::optional<RunningApplication> frontmost;
     QList<RunningApplication> running;
@@ -47,7 +63,10 @@ private:
 class FakeLightroomMenus final : public LightroomMenus
 {
 public:
-    explicit FakeLightroomMenus(QStringList &journal);
+    explicit FakeLightroomMenus(QStringList &journal)
+        : m_journal(journal)
+    {
+    }
 
     QCoro::Task<std::expected<QString, QString>> clickBridgeStatus() override;
     QCoro::Task<> openPluginManager() override;
@@ -79,7 +98,12 @@ public:
 /// A Lightroom service among test doubles, with a scripted plug-in that listens.
 struct LightroomRig
 {
-    explicit LightroomRig(BridgeTiming timing = patientTiming());
+    explicit LightroomRig(BridgeTiming timing = patientTiming())
+        : service(std::make_unique<LightroomService>(applications, accessibility, menus, automation,
+                                                     LightroomPluginInstaller(modules.path()), log,
+                                                     plugin.endpoint(), timing))
+    {
+    }
 
     QStringList journal; ///< what was done to the desktop, in order
     FakeRunningApplications applications{journal};

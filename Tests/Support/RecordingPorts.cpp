@@ -2,8 +2,6 @@
 
 #include <QCoroTimer>
 
-#include <QTimer>
-
 #include <algorithm>
 #include <chrono>
 
@@ -20,33 +18,6 @@ QCoro::Task<> laterTurn()
 }
 
 } // namespace
-
-FixedFrontmostApplication::FixedFrontmostApplication(RunningApplication frontmost)
-    : application(std::move(frontmost))
-{
-}
-
-RunningApplication FixedFrontmostApplication::lightroomClassic()
-{
-    return {u"Adobe Lightroom Classic"_s, u"com.adobe.LightroomClassicCC7"_s, 4711};
-}
-
-std::optional<RunningApplication> FixedFrontmostApplication::frontmostApplication() const
-{
-    ++questions;
-    return application;
-}
-
-FakeAccessibility::FakeAccessibility(QStringList &journal)
-    : m_journal(journal)
-{
-}
-
-bool FakeAccessibility::isTrusted(TrustPrompt prompt)
-{
-    lastPrompt = prompt;
-    return trusted;
-}
 
 QCoro::Task<AccessibilityTree> FakeAccessibility::tree(qint64 processId, qsizetype limit)
 {
@@ -106,11 +77,6 @@ QCoro::Task<> FakeAccessibility::focus(AccessibilityElementID element)
 {
     co_await laterTurn();
     m_journal.append(u"focus %1"_s.arg(element));
-}
-
-RecordingInputEvents::RecordingInputEvents(QStringList &journal)
-    : m_journal(journal)
-{
 }
 
 QCoro::Task<bool> RecordingInputEvents::postKey(quint16 virtualKeyCode, KeyModifiers modifiers)

@@ -17,13 +17,23 @@ namespace KelvaLR::Testing {
 class FixedFrontmostApplication final : public FrontmostApplication
 {
 public:
-    FixedFrontmostApplication() = default;
-    explicit FixedFrontmostApplication(RunningApplication application);
+    explicit FixedFrontmostApplication(std::optional<RunningApplication> frontmost = {})
+        : application(std::move(frontmost))
+    {
+    }
 
     /// Lightroom Classic is in front.
-    [[nodiscard]] static RunningApplication lightroomClassic();
+    [[nodiscard]] static RunningApplication lightroomClassic()
+    {
+        return {QStringLiteral("Adobe Lightroom Classic"), QStringLiteral("com.adobe.LightroomClassicCC7"),
+                4711};
+    }
 
-    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override
+    {
+        ++questions;
+        return application;
+    }
 
     std::optional<RunningApplication> application;
     mutable int questions = 0;
@@ -33,9 +43,17 @@ public:
 class FakeAccessibility final : public Accessibility
 {
 public:
-    explicit FakeAccessibility(QStringList &journal);
+    explicit FakeAccessibility(QStringList &journal)
+        : m_journal(journal)
+    {
+    }
 
-    bool isTrusted(TrustPrompt prompt) override;
+    bool isTrusted(TrustPrompt prompt) override
+    {
+        lastPrompt = prompt;
+        return trusted;
+    }
+
     QCoro::Task<AccessibilityTree> tree(qint64 processId, qsizetype limit) override;
     QCoro::Task<AccessibilityTree> withAttributes(AccessibilityTree tree, ElementPlaces places,
                                                   ElementAttributes attributes) override;
@@ -58,7 +76,10 @@ private:
 class RecordingInputEvents final : public InputEvents
 {
 public:
-    explicit RecordingInputEvents(QStringList &journal);
+    explicit RecordingInputEvents(QStringList &journal)
+        : m_journal(journal)
+    {
+    }
 
     QCoro::Task<bool> postKey(quint16 virtualKeyCode, KeyModifiers modifiers) override;
     QCoro::Task<bool> postText(QString text) override;

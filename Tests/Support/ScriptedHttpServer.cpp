@@ -1,6 +1,6 @@
 #include "Support/ScriptedHttpServer.h"
+#include "Support/TestFiles.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -17,8 +17,7 @@ namespace {
 
 QByteArray testFile(QLatin1StringView name)
 {
-    QFile file(QLatin1StringView(KELVALR_TEST_DATA "/tls/") + name);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    return readFile(QLatin1StringView(KELVALR_TEST_DATA "/tls/") + name);
 }
 
 QSslCertificate certificate()

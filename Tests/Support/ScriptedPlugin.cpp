@@ -1,7 +1,6 @@
 #include "Support/ScriptedPlugin.h"
+#include "Support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonDocument>
 #include <QTimer>
 
@@ -17,16 +16,6 @@ QByteArray reply(QLatin1StringView status, const QString &message)
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
-QJsonObject command(const QByteArray &line)
-{
-    return QJsonDocument::fromJson(line).object();
-}
-
-bool isPing(const QJsonObject &object)
-{
-    return object.value("action"_L1) == "ping"_L1;
-}
-
 } // namespace
 
 ScriptedPlugin::ScriptedPlugin()
@@ -35,8 +24,6 @@ ScriptedPlugin::ScriptedPlugin()
     listenAgain();
     answer(successReply(u"Done"_s));
 }
-
-ScriptedPlugin::~ScriptedPlugin() = default;
 
 QByteArray ScriptedPlugin::successReply(const QString &message)
 {
@@ -63,45 +50,24 @@ QStringList ScriptedPlugin::repliesLeft() const
     return QDir(m_directory.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
 }
 
-QList<QJsonObject> ScriptedPlugin::commands() const
+QByteArray ScriptedPlugin::lastCommand() const
 {
-    QList<QJsonObject> objects;
-    for (const QByteArray &line : m_lines) {
-        objects.append(command(line));
-    }
-    return objects;
-}
-
-void ScriptedPlugin::setHandler(Handler handler)
-{
-    m_handler = std::move(handler);
+    QJsonObject object = m_commands.constLast();
+    object.remove("request_id"_L1);
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
 void ScriptedPlugin::answer(const QByteArray &bytes)
 {
-    setHandler(
-        [bytes](const QJsonObject &object) { return isPing(object) ? successReply(u"pong"_s) : bytes; });
-}
-
-void ScriptedPlugin::stopListening()
-{
-    m_server.close();
+    setHandler([bytes](const QJsonObject &object) {
+        return object.value("action"_L1) == "ping"_L1 ? successReply(u"pong"_s) : bytes;
+    });
 }
 
 void ScriptedPlugin::listenAgain()
 {
     m_server.listen(QHostAddress::LocalHost, m_port);
     m_port = m_server.serverPort();
-}
-
-void ScriptedPlugin::pauseAfterEachClient(std::chrono::milliseconds pause)
-{
-    m_pause = pause;
-}
-
-void ScriptedPlugin::stopReading()
-{
-    m_isReading = false;
 }
 
 void ScriptedPlugin::serve(QTcpSocket *client)
@@ -122,21 +88,19 @@ void ScriptedPlugin::serve(QTcpSocket *client)
 void ScriptedPlugin::readFrom(QTcpSocket *client)
 {
     while (client->canReadLine()) {
-        const QByteArray line = client->readLine().chopped(1);
-        m_lines.append(line);
-        QTimer::singleShot(0, this, [this, line] { reply(line); });
+        m_lines.append(client->readLine().chopped(1));
+        m_commands.append(QJsonDocument::fromJson(m_lines.constLast()).object());
+        QTimer::singleShot(0, this, [this, command = m_commands.constLast()] {
+            if (const std::optional<QByteArray> bytes = m_handler(command)) {
+                writeReply(command, *bytes);
+            }
+        });
     }
 }
 
-void ScriptedPlugin::reply(const QByteArray &line)
+void ScriptedPlugin::writeReply(const QJsonObject &command, const QByteArray &bytes) const
 {
-    const QJsonObject object = command(line);
-    if (const std::optional<QByteArray> bytes = m_handler(object)) {
-        QFile file(replyPath(object));
-        if (file.open(QIODevice::WriteOnly)) {
-            file.write(*bytes);
-        }
-    }
+    writeFile(replyPath(command), bytes);
 }
 
 } // namespace KelvaLR::Testing

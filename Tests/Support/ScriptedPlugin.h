@@ -25,7 +25,6 @@ public:
 
     /// Listens at once; answers "pong" to pings and "Done" to everything else.
     ScriptedPlugin();
-    ~ScriptedPlugin() override;
 
     [[nodiscard]] static QByteArray successReply(const QString &message);
     [[nodiscard]] static QByteArray errorReply(const QString &message);
@@ -40,32 +39,45 @@ public:
     [[nodiscard]] const QList<QByteArray> &lines() const { return m_lines; }
 
     /// The commands received.
-    [[nodiscard]] QList<QJsonObject> commands() const;
+    [[nodiscard]] const QList<QJsonObject> &commands() const { return m_commands; }
 
-    void setHandler(Handler handler);
+    /// The latest command as text, without its identifier.
+    [[nodiscard]] QByteArray lastCommand() const;
+
+    void setHandler(Handler handler) { m_handler = std::move(handler); }
+
+    /// Takes commands and answers none, pings neither.
+    void keepSilent()
+    {
+        setHandler([](const QJsonObject &) { return std::nullopt; });
+    }
 
     /// Gives every command but "ping" this reply.
     void answer(const QByteArray &reply);
 
-    void stopListening();
+    void stopListening() { m_server.close(); }
+
     void listenAgain();
 
-    /// From now on closes its socket once a client is there, and listens again this long after it has gone.
-    void pauseAfterEachClient(std::chrono::milliseconds pause);
+    /// Closes its socket once a client is there, and listens again this long after it has gone.
+    void pauseAfterEachClient(std::chrono::milliseconds pause) { m_pause = pause; }
 
     /// From now on takes connections and never reads from them.
-    void stopReading();
+    void stopReading() { m_isReading = false; }
+
+    /// Leaves a reply to a command.
+    void writeReply(const QJsonObject &command, const QByteArray &bytes) const;
 
 private:
     void serve(QTcpSocket *client);
     void readFrom(QTcpSocket *client);
-    void reply(const QByteArray &line);
 
     QTemporaryDir m_directory;
     QTcpServer m_server;
     quint16 m_port = 0;
     Handler m_handler;
     QList<QByteArray> m_lines;
+    QList<QJsonObject> m_commands;
     std::optional<std::chrono::milliseconds> m_pause;
     bool m_isReading = true;
 };

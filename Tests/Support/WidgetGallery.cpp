@@ -29,42 +29,30 @@ void say(const QString &line)
 
 void addControls(QGridLayout &grid)
 {
-    auto *button = new QPushButton(u"Export"_s);
+    const auto add = [&grid](auto *control, const QString &accessibleName = {}) {
+        control->setAccessibleName(accessibleName);
+        grid.addWidget(control, grid.count() / 3, grid.count() % 3);
+        return control;
+    };
+    auto *button = add(new QPushButton(u"Export"_s));
     button->setAccessibleDescription(u"Writes the photo"_s);
     QObject::connect(button, &QPushButton::clicked, button, [] { say(u"clicked Export"_s); });
-    grid.addWidget(button, 0, 0);
-    auto *box = new QCheckBox(u"Lens Profile"_s);
+    auto *box = add(new QCheckBox(u"Lens Profile"_s));
     QObject::connect(box, &QCheckBox::toggled, box, [](bool isOn) { say(u"toggled %1"_s.arg(isOn)); });
-    grid.addWidget(box, 0, 1);
-    auto *field = new QLineEdit;
+    auto *field = add(new QLineEdit);
     field->setPlaceholderText(u"Keyword"_s);
     QObject::connect(field, &QLineEdit::textChanged, field,
                      [](const QString &text) { say("field "_L1 + text); });
-    grid.addWidget(field, 0, 2);
-    auto *editor = new QPlainTextEdit(u"Caption of the photo"_s);
-    editor->setAccessibleName(u"Caption"_s);
-    grid.addWidget(editor, 1, 0);
-    auto *slider = new QSlider(Qt::Horizontal);
+    add(new QPlainTextEdit(u"Caption of the photo"_s), u"Caption"_s);
+    auto *slider = add(new QSlider(Qt::Horizontal), u"Contrast"_s);
     slider->setRange(-100, 100);
-    slider->setAccessibleName(u"Contrast"_s);
     QObject::connect(slider, &QSlider::valueChanged, slider,
                      [](int value) { say(u"slider %1"_s.arg(value)); });
-    grid.addWidget(slider, 1, 1);
-    grid.addWidget(new QLabel(u"Sunset.jpg"_s), 1, 2);
-    auto *choice = new QComboBox;
-    choice->addItems({u"JPEG"_s, u"TIFF"_s});
-    choice->setAccessibleName(u"Format"_s);
-    grid.addWidget(choice, 2, 0);
-    auto *size = new QComboBox;
-    size->setEditable(true);
-    size->setAccessibleName(u"Size"_s);
-    grid.addWidget(size, 2, 1);
-    auto *quality = new QSpinBox;
-    quality->setAccessibleName(u"Quality"_s);
-    grid.addWidget(quality, 2, 2);
-    auto *hidden = new QPushButton(u"Hidden"_s);
-    grid.addWidget(hidden, 3, 0);
-    hidden->hide();
+    add(new QLabel(u"Sunset.jpg"_s));
+    add(new QComboBox, u"Format"_s)->addItems({u"JPEG"_s, u"TIFF"_s});
+    add(new QComboBox, u"Size"_s)->setEditable(true);
+    add(new QSpinBox, u"Quality"_s);
+    add(new QPushButton(u"Hidden"_s))->hide();
 }
 
 /// Controls of the usual mixture, in panels of sixteen.

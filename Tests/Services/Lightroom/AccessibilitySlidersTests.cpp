@@ -1,25 +1,13 @@
 #include "Services/Lightroom/AccessibilitySliders.h"
+#include "Support/AccessibilityTreeBuilder.h"
 #include "Support/PrintQt.h"
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
+namespace KelvaLR::Testing {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// Appends an element to the tree, below its parent, and gives its index.
-qsizetype add(AccessibilityTree &tree, qsizetype parent, AccessibilityElement element)
-{
-    const qsizetype index = tree.size();
-    element.id = QString::number(index);
-    if (index > 0) {
-        element.parent = parent;
-        tree[parent].children.append(index);
-    }
-    tree.append(element);
-    return index;
-}
 
 std::optional<qsizetype> id(const AccessibilityElement *element)
 {
@@ -28,14 +16,15 @@ std::optional<qsizetype> id(const AccessibilityElement *element)
 
 TEST(AccessibilitySlidersTest, findsTheFirstSliderDepthFirstByAnyOfItsLabels)
 {
-    AccessibilityTree tree;
-    add(tree, 0, {.role = u"AXApplication"_s, .title = u"Exposure"_s});
-    const qsizetype panel = add(tree, 0, {.role = u"AXGroup"_s});
-    const qsizetype later = add(tree, 0, {.role = u"AXSlider"_s, .title = u"Exposure"_s});
-    const qsizetype deep = add(tree, panel, {.role = u"AXSlider"_s, .help = u"The EXPOSURE of the photo"_s});
+    AccessibilityTree tree = applicationTree();
+    tree[0].title = u"Exposure"_s;
+    const qsizetype panel = appendElement(tree, 0, {.role = u"AXGroup"_s});
+    const qsizetype later = appendElement(tree, 0, {.role = u"AXSlider"_s, .title = u"Exposure"_s});
+    const qsizetype deep =
+        appendElement(tree, panel, {.role = u"AXSlider"_s, .help = u"The EXPOSURE of the photo"_s});
     const qsizetype tint =
-        add(tree, later, {.role = u"AXSlider"_s, .title = u"x"_s, .identifier = u"tint.slider"_s});
-    add(tree, panel, {.role = u"AXSlider"_s, .value = u"Clarity"_s});
+        appendElement(tree, later, {.role = u"AXSlider"_s, .title = u"x"_s, .identifier = u"tint.slider"_s});
+    appendElement(tree, panel, {.role = u"AXSlider"_s, .value = u"Clarity"_s});
     EXPECT_EQ(id(findSliderDirectly(tree, u"exposure"_s)), deep);
     EXPECT_EQ(id(findSliderDirectly(tree, u"Tint"_s)), tint);
     for (const QString &name : {u"Clarity"_s, QString()}) {
@@ -46,18 +35,17 @@ TEST(AccessibilitySlidersTest, findsTheFirstSliderDepthFirstByAnyOfItsLabels)
 
 TEST(AccessibilitySlidersTest, findsTheSliderBesideItsText)
 {
-    AccessibilityTree tree;
-    add(tree, 0, {.role = u"AXApplication"_s});
-    const qsizetype lonely = add(tree, 0, {.role = u"AXGroup"_s});
-    add(tree, lonely, {.role = u"AXStaticText"_s, .value = u"Tint"_s});
-    const qsizetype group = add(tree, 0, {.role = u"AXGroup"_s});
-    const qsizetype slider = add(tree, group, {.role = u"AXSlider"_s});
-    add(tree, group, {.role = u"AXSlider"_s});
+    AccessibilityTree tree = applicationTree();
+    const qsizetype lonely = appendElement(tree, 0, {.role = u"AXGroup"_s});
+    appendElement(tree, lonely, {.role = u"AXStaticText"_s, .value = u"Tint"_s});
+    const qsizetype group = appendElement(tree, 0, {.role = u"AXGroup"_s});
+    const qsizetype slider = appendElement(tree, group, {.role = u"AXSlider"_s});
+    appendElement(tree, group, {.role = u"AXSlider"_s});
     for (const QString &text : {u"TINT"_s, u"Green tint slider"_s, u"Exposures"_s}) {
-        add(tree, group, {.role = u"AXStaticText"_s, .value = text});
+        appendElement(tree, group, {.role = u"AXStaticText"_s, .value = text});
     }
-    add(tree, group, {.role = u"AXButton"_s, .value = u"Clarity"_s});
-    add(tree, group, {.role = u"AXStaticText"_s, .title = u"Dehaze"_s, .value = 3.0});
+    appendElement(tree, group, {.role = u"AXButton"_s, .value = u"Clarity"_s});
+    appendElement(tree, group, {.role = u"AXStaticText"_s, .title = u"Dehaze"_s, .value = 3.0});
     EXPECT_EQ(id(findSliderByTextLabel(tree, u"tint"_s)), slider);
     EXPECT_EQ(id(findSliderByTextLabel(tree, u"Green Tint"_s)), slider);
     for (const QString &name : {u"exposure"_s, u"clarity"_s, u"dehaze"_s, QString()}) {
@@ -67,16 +55,16 @@ TEST(AccessibilitySlidersTest, findsTheSliderBesideItsText)
 
 TEST(AccessibilitySlidersTest, reachesTheBottomOfAVeryDeepTree)
 {
-    AccessibilityTree tree;
-    qsizetype last = add(tree, 0, {.role = u"AXApplication"_s});
+    AccessibilityTree tree = applicationTree();
+    qsizetype last = 0;
     for (int level = 0; level < 100'000; ++level) {
-        last = add(tree, last, {.role = u"AXGroup"_s});
+        last = appendElement(tree, last, {.role = u"AXGroup"_s});
     }
-    const qsizetype slider = add(tree, last, {.role = u"AXSlider"_s, .title = u"Exposure"_s});
-    add(tree, last, {.role = u"AXStaticText"_s, .value = u"Tint"_s});
+    const qsizetype slider = appendElement(tree, last, {.role = u"AXSlider"_s, .title = u"Exposure"_s});
+    appendElement(tree, last, {.role = u"AXStaticText"_s, .value = u"Tint"_s});
     EXPECT_EQ(id(findSliderDirectly(tree, u"exposure"_s)), slider);
     EXPECT_EQ(id(findSliderByTextLabel(tree, u"tint"_s)), slider);
 }
 
 } // namespace
-} // namespace KelvaLR
+} // namespace KelvaLR::Testing

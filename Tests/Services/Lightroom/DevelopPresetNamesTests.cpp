@@ -1,11 +1,8 @@
 #include "Services/Lightroom/DevelopPresetNames.h"
 
 #include "Support/PrintQt.h"
-#include "Support/WaitForTask.h"
+#include "Support/TestFiles.h"
 
-#include <QCoroFuture>
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -22,31 +19,18 @@ const QString packet = uR"(<x:xmpmeta xmlns:x="adobe:ns:meta/">
  </rdf:RDF>
 </x:xmpmeta>)"_s;
 
-QCoro::Task<QStringList> read(DevelopPresetNames &names)
-{
-    const QFuture<QStringList> reading = names.read();
-    co_return co_await reading;
-}
-
 QStringList namesIn(const QStringList &folders)
 {
-    DevelopPresetNames names(folders);
-    return waitForTask(read(names));
+    return DevelopPresetNames(folders).read().result();
 }
 
 class DevelopPresetNamesTest : public testing::Test
 {
 protected:
-    void write(const QString &path, const QString &content)
+    void write(const QString &path, const QString &content) const
     {
-        const QString file = folder.filePath(path);
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
-        QFile out(file);
-        ASSERT_TRUE(out.open(QFile::WriteOnly));
-        out.write(content.toUtf8());
+        writeFile(folder.filePath(path), content.toUtf8());
     }
-
-    [[nodiscard]] QStringList names() const { return namesIn({folder.path(), folder.filePath(u"none"_s)}); }
 
     QTemporaryDir folder;
 };
@@ -69,8 +53,9 @@ TEST_F(DevelopPresetNamesTest, areThoseThatLightroomShows)
     write(u"readme.txt"_s, u"no preset"_s);
     write(u"long.xmp"_s, packet.arg(u"crs:Name=\"%1\""_s.arg(QString(61, u'n')), QString()));
     write(u"2024-01.xmp"_s, QString());
-    EXPECT_EQ(names(), (QStringList{u"Cut Off"_s, u"File Name"_s, u"Matte"_s, u"Old \"Film\""_s,
-                                    u"Sepia Tone"_s, u"Soft & Warm"_s}));
+    EXPECT_EQ(namesIn({folder.path(), folder.filePath(u"none"_s)}),
+              (QStringList{u"Cut Off"_s, u"File Name"_s, u"Matte"_s, u"Old \"Film\""_s, u"Sepia Tone"_s,
+                           u"Soft & Warm"_s}));
 }
 
 TEST_F(DevelopPresetNamesTest, areBoundedInNumberAndDepth)
@@ -78,11 +63,11 @@ TEST_F(DevelopPresetNamesTest, areBoundedInNumberAndDepth)
     write(u"1/2/3/4/5/Deep.xmp"_s, QString());
     write(u"1/2/3/4/5/6/Too Deep.xmp"_s, QString());
     ASSERT_TRUE(QFile::link(folder.path(), folder.filePath(u"1/loop"_s)));
-    EXPECT_EQ(names(), QStringList{u"Deep"_s});
+    EXPECT_EQ(namesIn({folder.path()}), QStringList{u"Deep"_s});
     for (int i = 0; i < 600; ++i) {
         write(u"Number %1.xmp"_s.arg(i), QString());
     }
-    EXPECT_EQ(names().size(), 500);
+    EXPECT_EQ(namesIn({folder.path()}).size(), 500);
 }
 
 TEST_F(DevelopPresetNamesTest, ofTheStandInAreAmongThemWhereItsFolderIsNamed)

@@ -22,23 +22,20 @@ const InstalledApplication oldClassic =
     application(u"Lightroom CLASSIC 2019"_s, u"lightroom-classic-2019.desktop"_s);
 const InstalledApplication unrelated = application(u"Lightroom Guide"_s, u"guide.desktop"_s);
 
+using Registered = QHash<QString, InstalledApplication>;
+const Registered onlyClassic{{u"com.adobe.lightroomclassiccc7"_s, classic}};
+const Registered both{{u"com.adobe.lightroomclassiccc7"_s, classic}, {u"com.adobe.lightroomCC"_s, cloud}};
+const Registered onlyCloud{{u"com.adobe.lightroomCC"_s, cloud}};
+
 TEST(LightroomApplicationResolverTest, opensWhatTheUserMeans)
 {
-    const QString classicID = u"com.adobe.lightroomclassiccc7"_s;
-    const QString cloudID = u"com.adobe.lightroomCC"_s;
-    using Registered = QHash<QString, InstalledApplication>;
-
-    struct Case
+    const struct
     {
         QString request;
         Registered registered;
         QList<InstalledApplication> installed;
         QString answer; ///< empty when nothing is found
-    };
-
-    const Registered both{{classicID, classic}, {cloudID, cloud}};
-    const Registered onlyCloud{{cloudID, cloud}};
-    const QList<Case> cases{
+    } rows[] = {
         {u"lightroom"_s, both, {}, classic.displayName},
         {u"Adobe Lightroom"_s, both, {}, classic.displayName},
         {u"Lightroom"_s, onlyCloud, {}, cloud.displayName},
@@ -46,17 +43,18 @@ TEST(LightroomApplicationResolverTest, opensWhatTheUserMeans)
         {u"Lightroom Classic"_s, onlyCloud, {}, QString()},
         {u"Lightroom Classic"_s, onlyCloud, {standIn, oldClassic}, oldClassic.displayName},
         {u"Lightroom CC"_s, both, {}, cloud.displayName},
-        {u"Lightroom CC"_s, {{classicID, classic}}, {oldClassic, standIn}, oldClassic.displayName},
+        {u"Lightroom CC"_s, onlyClassic, {oldClassic, standIn}, oldClassic.displayName},
         {u"lightroom"_s, {}, {tools, unrelated, standIn}, standIn.displayName},
         {u"lightroom"_s, {}, {tools, unrelated}, QString()},
     };
-    for (const Case &one : cases) {
+
+    for (const auto &row : rows) {
         QStringList journal;
         FakeRunningApplications applications(journal);
-        applications.registered = one.registered;
-        applications.installed = one.installed;
-        const auto answer = LightroomApplicationResolver(applications).resolve(one.request);
-        EXPECT_EQ(answer ? answer->displayName : QString(), one.answer) << one.request.toStdString();
+        applications.registered = row.registered;
+        applications.installed = row.installed;
+        const auto answer = LightroomApplicationResolver(applications).resolve(row.request);
+        EXPECT_EQ(answer ? answer->displayName : QString(), row.answer) << row.request.toStdString();
     }
 }
 

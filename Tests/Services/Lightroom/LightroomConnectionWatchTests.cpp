@@ -20,6 +20,7 @@ const PortListener lightroomListens{.presence = PortListener::Presence::present,
                                     .programs = {{u"Lightroom.exe"_s, 42}}};
 const PortListener rogueListens{.presence = PortListener::Presence::present, .programs = {{u"nc"_s, 7}}};
 const RunningApplication lightroomClassic{u"Adobe Lightroom Classic"_s, {}, 42};
+const PluginNotLoaded notLoaded{.isPluginInstalled = true};
 
 class LightroomConnectionWatchTest : public testing::Test
 {
@@ -42,15 +43,17 @@ protected:
         return waitUntil([&] { return watch->connection() == expected; });
     }
 
+    /// The same, by a look.
+    [[nodiscard]] bool finds(const LightroomConnection &expected) const
+    {
+        watch->look();
+        return willFind(expected);
+    }
+
     /// Waits until as many questions have been asked since the watch was made.
     [[nodiscard]] bool willHaveAsked(int questions) const
     {
         return waitUntil([&] { return rig.listening.questions >= questions; });
-    }
-
-    void keepSilent()
-    {
-        rig.plugin.setHandler([](const QJsonObject &) { return std::nullopt; });
     }
 
     LightroomRig rig{impatientTiming()};
@@ -61,23 +64,17 @@ protected:
 TEST_F(LightroomConnectionWatchTest, findsTheReasonWithoutAskingThePlugin)
 {
     rig.listening.listener = nobody;
-    watch->look();
-    EXPECT_TRUE(willFind(LightroomNotRunning{.isLightroomInstalled = false}));
+    EXPECT_TRUE(finds(LightroomNotRunning{.isLightroomInstalled = false}));
     rig.applications.installed = {{u"Lightroom"_s, u"lightroom.desktop"_s, QUrl(u"file:///lightroom"_s)}};
-    watch->look();
-    EXPECT_TRUE(willFind(LightroomNotRunning{.isLightroomInstalled = true}));
+    EXPECT_TRUE(finds(LightroomNotRunning{.isLightroomInstalled = true}));
     rig.applications.running = {lightroomClassic};
-    watch->look();
-    EXPECT_TRUE(willFind(PluginNotLoaded{.isPluginInstalled = true}));
+    EXPECT_TRUE(finds(notLoaded));
     QDir(rig.modules.filePath(u"KelvaLR.lrplugin"_s)).removeRecursively();
-    watch->look();
-    EXPECT_TRUE(willFind(PluginNotLoaded{.isPluginInstalled = false}));
+    EXPECT_TRUE(finds(PluginNotLoaded{.isPluginInstalled = false}));
     rig.listening.listener = rogueListens;
-    watch->look();
-    EXPECT_TRUE(willFind(PortTaken{.port = rig.plugin.endpoint().port, .program = u"nc"_s}));
+    EXPECT_TRUE(finds(PortTaken{.port = rig.plugin.endpoint().port, .program = u"nc"_s}));
     rig.listening.listener = lightroomListens;
-    watch->look();
-    EXPECT_TRUE(willFind(Usable()));
+    EXPECT_TRUE(finds(Usable()));
     EXPECT_EQ(rig.plugin.lines(), QList<QByteArray>());
     EXPECT_EQ(rig.journal, QStringList());
 }
@@ -88,24 +85,23 @@ TEST_F(LightroomConnectionWatchTest, takesThePluginsPauseBetweenTwoListensForNot
     rig.listening.whenAsked = [&] {
         rig.listening.listener = rig.listening.questions % 2 == 1 ? nobody : lightroomListens;
     };
-    for (int look = 1; look <= 3; ++look) {
+    for (const int questions : {2, 4, 6}) {
         watch->look();
-        EXPECT_TRUE(willHaveAsked(2 * look));
+        EXPECT_TRUE(willHaveAsked(questions));
     }
     EXPECT_TRUE(history.isEmpty());
 }
 
 TEST_F(LightroomConnectionWatchTest, looksAfterExchangesOnceItHasBegun)
 {
-    keepSilent();
+    rig.plugin.keepSilent();
     EXPECT_FALSE(waitForTask(rig.service->ping(AutoStart::no)));
     EXPECT_EQ(rig.listening.questions, 0);
-    watch->look();
-    EXPECT_TRUE(willFind(NoAnswer()));
+    EXPECT_TRUE(finds(NoAnswer()));
     rig.plugin.answer(ScriptedPlugin::successReply(u"Done"_s));
     EXPECT_TRUE(waitForTask(rig.service->ping(AutoStart::no)));
     EXPECT_EQ(watch->connection(), LightroomConnection(Usable()));
-    keepSilent();
+    rig.plugin.keepSilent();
     waitForTask(rig.service->getStatus());
     EXPECT_TRUE(willFind(NoAnswer()));
 }
@@ -114,36 +110,31 @@ TEST_F(LightroomConnectionWatchTest, doesNotBlameLightroomForWhatAnotherProgramT
 {
     rig.applications.running = {lightroomClassic};
     rig.listening.listener = rogueListens;
-    keepSilent();
+    rig.plugin.keepSilent();
     watch->look();
     EXPECT_FALSE(waitForTask(rig.service->ping(AutoStart::no)));
     EXPECT_TRUE(willFind(PortTaken{.port = rig.plugin.endpoint().port, .program = u"nc"_s}));
     rig.listening.listener = nobody;
-    watch->look();
-    EXPECT_TRUE(willFind(PluginNotLoaded{.isPluginInstalled = true}));
+    EXPECT_TRUE(finds(notLoaded));
 }
 
 TEST_F(LightroomConnectionWatchTest, givesALightroomThatHasJustComeTimeToLoadThePlugin)
 {
     makeWatch(2s);
     rig.listening.listener = nobody;
-    watch->look();
-    EXPECT_TRUE(willFind(LightroomNotRunning()));
+    EXPECT_TRUE(finds(LightroomNotRunning()));
     rig.applications.running = {lightroomClassic};
-    watch->look();
-    EXPECT_TRUE(willFind(PluginNotLoaded{.isPluginInstalled = true})); // by a look of its own
-    EXPECT_EQ(history, (QList<LightroomConnection>{LightroomNotRunning(), Usable(),
-                                                   PluginNotLoaded{.isPluginInstalled = true}}));
+    EXPECT_TRUE(finds(notLoaded)); // by a look of its own
+    EXPECT_EQ(history, (QList<LightroomConnection>{LightroomNotRunning(), Usable(), notLoaded}));
 }
 
 TEST_F(LightroomConnectionWatchTest, looksAgainByItselfOnlyWhileFollowed)
 {
     rig.listening.listener = nobody;
-    watch->look();
-    EXPECT_TRUE(willFind(LightroomNotRunning()));
+    EXPECT_TRUE(finds(LightroomNotRunning()));
     watch->setFollowed(true);
     rig.applications.running = {lightroomClassic};
-    EXPECT_TRUE(willFind(PluginNotLoaded{.isPluginInstalled = true}));
+    EXPECT_TRUE(willFind(notLoaded));
     EXPECT_TRUE(willHaveAsked(8));
     watch->setFollowed(false);
     watch->look();

@@ -3,8 +3,6 @@
 #include "Support/PrintQt.h"
 #include "Support/WaitForTask.h"
 
-#include <QDir>
-#include <QFile>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -20,92 +18,77 @@ using namespace std::chrono_literals;
 
 const LightroomPluginCommand status{.action = LightroomPluginAction::getStatus};
 
+std::optional<QString> send(const LightroomRig &rig, const LightroomPluginCommand &command = status)
+{
+    return waitForTask(rig.service->sendPluginCommand(command));
+}
+
 TEST(LightroomServiceBridgeTest, givesTheReplyAndRemembersHowItWent)
 {
     LightroomRig rig;
     const QSignalSpy connectedChanged(rig.service.get(), &LightroomService::isPluginConnectedChanged);
     const QSignalSpy messageChanged(rig.service.get(), &LightroomService::lastMessageChanged);
     for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(waitForTask(rig.service->sendPluginCommand({.action = LightroomPluginAction::next})),
-                  QString::fromUtf8(ScriptedPlugin::successReply(u"Done"_s)));
+        EXPECT_EQ(send(rig), QString::fromUtf8(ScriptedPlugin::successReply(u"Done"_s)));
     }
     EXPECT_TRUE(rig.service->isPluginConnected());
     EXPECT_EQ(rig.service->lastMessage(), u"Lightroom Classic: Done"_s);
     EXPECT_EQ(connectedChanged.count(), 1);
     EXPECT_EQ(messageChanged.count(), 1);
     EXPECT_EQ(rig.plugin.repliesLeft(), QStringList());
+
+    const QString noJson = u"lua: out of memory\n"_s;
+    rig.plugin.answer(noJson.toUtf8());
+    EXPECT_EQ(send(rig), noJson);
+    EXPECT_TRUE(rig.service->isPluginConnected());
+    EXPECT_EQ(rig.service->lastMessage(), noJson);
 }
 
 TEST(LightroomServiceBridgeTest, reportsEveryFailureAsNoReplyAndIsReadyForTheNextCommand)
 {
-    struct Case
-    {
-        const char *name;
-        std::function<void(ScriptedPlugin &)> prepare;
+    const std::pair<const char *, std::function<void(ScriptedPlugin &)>> cases[] = {
+        {"refused", [](auto &plugin) { plugin.stopListening(); }},
+        {"silent", [](auto &plugin) { plugin.keepSilent(); }},
+        {"takes the connection and never reads", [](auto &plugin) { plugin.stopReading(); }},
+        {"empty", [](auto &plugin) { plugin.answer(""); }},
     };
-
-    const QList<Case> cases{
-        {"refused", [](ScriptedPlugin &plugin) { plugin.stopListening(); }},
-        {"silent",
-         [](ScriptedPlugin &plugin) { plugin.setHandler([](const QJsonObject &) { return std::nullopt; }); }},
-        {"takes the connection and never reads", [](ScriptedPlugin &plugin) { plugin.stopReading(); }},
-        {"empty", [](ScriptedPlugin &plugin) { plugin.answer(""); }},
-        {"not UTF-8", [](ScriptedPlugin &plugin) { plugin.answer("\xFF\n"); }},
-        {"too large", [](ScriptedPlugin &plugin) { plugin.answer(QByteArray(1 << 20, 'x') + '\n'); }},
-    };
-    for (const Case &one : cases) {
+    for (const auto &[name, prepare] : cases) {
+        SCOPED_TRACE(name);
         LightroomRig rig(impatientTiming());
-        EXPECT_TRUE(waitForTask(rig.service->ping(AutoStart::no))) << one.name;
-        one.prepare(rig.plugin);
-        EXPECT_EQ(waitForTask(rig.service->sendPluginCommand(status)), std::nullopt) << one.name;
-        EXPECT_FALSE(rig.service->isPluginConnected()) << one.name;
-        EXPECT_FALSE(rig.service->isCommandInFlight()) << one.name;
-        EXPECT_EQ(rig.service->lastMessage(), u"Lightroom Classic: pong"_s) << one.name;
+        EXPECT_TRUE(waitForTask(rig.service->ping(AutoStart::no)));
+        prepare(rig.plugin);
+        EXPECT_EQ(send(rig), std::nullopt);
+        EXPECT_FALSE(rig.service->isPluginConnected());
+        EXPECT_FALSE(rig.service->isCommandInFlight());
+        EXPECT_EQ(rig.service->lastMessage(), u"Lightroom Classic: pong"_s);
     }
-}
-
-TEST(LightroomServiceBridgeTest, passesOnAReplyThatIsNotJson)
-{
-    LightroomRig rig;
-    rig.plugin.answer("lua: out of memory\n");
-    EXPECT_EQ(waitForTask(rig.service->sendPluginCommand(status)), u"lua: out of memory\n"_s);
-    EXPECT_TRUE(rig.service->isPluginConnected());
-    EXPECT_EQ(rig.service->lastMessage(), u"lua: out of memory\n"_s);
 }
 
 TEST(LightroomServiceBridgeTest, leavesALateReplyAloneAndNeverTakesItForAnother)
 {
     LightroomRig rig(impatientTiming());
-    rig.plugin.setHandler([](const QJsonObject &) { return std::nullopt; });
-    EXPECT_EQ(waitForTask(rig.service->sendPluginCommand(status)), std::nullopt);
-    QFile late(rig.plugin.replyPath(rig.plugin.commands().constLast()));
-    ASSERT_TRUE(late.open(QIODevice::WriteOnly));
-    late.write(ScriptedPlugin::successReply(u"late"_s));
-    late.close();
-
-    rig.plugin.answer(ScriptedPlugin::successReply(u"fresh"_s));
-    EXPECT_EQ(waitForTask(rig.service->sendPluginCommand({.action = LightroomPluginAction::next})),
-              QString::fromUtf8(ScriptedPlugin::successReply(u"fresh"_s)));
+    rig.plugin.keepSilent();
+    EXPECT_EQ(send(rig), std::nullopt);
+    rig.plugin.writeReply(rig.plugin.commands().constLast(), ScriptedPlugin::successReply(u"late"_s));
+    const QByteArray fresh = ScriptedPlugin::successReply(u"fresh"_s);
+    rig.plugin.answer(fresh);
+    EXPECT_EQ(send(rig, {.action = LightroomPluginAction::next}), QString::fromUtf8(fresh));
     EXPECT_EQ(rig.plugin.repliesLeft().size(), 1);
 }
 
 TEST(LightroomServiceBridgeTest, removesAStaleReplyBeforeItSends)
 {
     LightroomRig rig;
-    const LightroomPluginCommand command;
-    QFile stale(rig.plugin.endpoint().replyPath(command.requestID));
-    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
-    stale.write(ScriptedPlugin::successReply(u"stale"_s));
-    stale.close();
-    EXPECT_TRUE(waitForTask(rig.service->sendPluginCommand(command))->contains("pong"_L1));
+    const LightroomPluginCommand ping;
+    rig.plugin.writeReply({{u"request_id"_s, ping.requestID}}, ScriptedPlugin::successReply(u"stale"_s));
+    EXPECT_TRUE(send(rig, ping)->contains("pong"_L1));
 }
 
 TEST(LightroomServiceBridgeTest, keepsItsStateWhenACommandHasNoJson)
 {
     LightroomRig rig;
     EXPECT_TRUE(waitForTask(rig.service->ping(AutoStart::no)));
-    EXPECT_EQ(waitForTask(rig.service->sendPluginCommand({.value = std::numeric_limits<double>::infinity()})),
-              std::nullopt);
+    EXPECT_EQ(send(rig, {.value = std::numeric_limits<double>::infinity()}), std::nullopt);
     EXPECT_EQ(rig.service->lastMessage(), u"Failed to encode Lightroom command."_s);
     EXPECT_TRUE(rig.service->isPluginConnected());
     EXPECT_FALSE(rig.service->isCommandInFlight());
@@ -117,14 +100,12 @@ TEST(LightroomServiceBridgeTest, sendsOneCommandAtATime)
     LightroomRig rig;
     int unanswered = 0;
     int mostUnanswered = 0;
-    rig.plugin.setHandler([&](const QJsonObject &command) -> std::optional<QByteArray> {
+    rig.plugin.setHandler([&](const QJsonObject &command) {
         mostUnanswered = std::max(mostUnanswered, ++unanswered);
         QTimer::singleShot(30ms, &rig.plugin, [&, command] {
             --unanswered;
-            QFile file(rig.plugin.replyPath(command));
-            if (file.open(QIODevice::WriteOnly)) {
-                file.write(ScriptedPlugin::successReply(command.value("slider"_L1).toString()));
-            }
+            rig.plugin.writeReply(command,
+                                  ScriptedPlugin::successReply(command.value("slider"_L1).toString()));
         });
         return std::nullopt;
     });
@@ -139,35 +120,29 @@ TEST(LightroomServiceBridgeTest, sendsOneCommandAtATime)
 
 TEST(LightroomServiceBridgeTest, mayDieWhileItsTasksAreSuspended)
 {
-    struct Case
-    {
-        const char *name;
-        std::function<void(LightroomRig &)> prepare;
-    };
-
-    const QList<Case> cases{
-        {"connecting", [](LightroomRig &rig) { rig.plugin.stopListening(); }},
-        {"waiting for a reply",
-         [](LightroomRig &rig) { rig.plugin.setHandler([](const QJsonObject &) { return std::nullopt; }); }},
+    const std::pair<const char *, std::function<void(LightroomRig &)>> cases[] = {
+        {"connecting", [](auto &rig) { rig.plugin.stopListening(); }},
+        {"waiting for a reply", [](auto &rig) { rig.plugin.keepSilent(); }},
         {"waiting for another command",
-         [](LightroomRig &rig) {
-             rig.plugin.setHandler([](const QJsonObject &) { return std::nullopt; });
+         [](auto &rig) {
+             rig.plugin.keepSilent();
              startDetached([](LightroomService *service) -> QCoro::Task<> {
                  co_await service->sendPluginCommand(status);
              }(rig.service.get()));
          }},
         {"starting the server",
-         [](LightroomRig &rig) {
+         [](auto &rig) {
              rig.plugin.setHandler([](const QJsonObject &) { return "no"; });
              rig.menus.whenClicked = [&rig] { rig.service.reset(); };
          }},
     };
-    for (const Case &one : cases) {
+    for (const auto &[name, prepare] : cases) {
+        SCOPED_TRACE(name);
         LightroomRig rig(impatientTiming());
-        one.prepare(rig);
+        prepare(rig);
         QTimer::singleShot(20ms, &rig.plugin, [&] { rig.service.reset(); });
-        EXPECT_EQ(waitForTask(rig.service->setRating(3)), QString()) << one.name;
-        EXPECT_FALSE(rig.journal.contains(u"key 20 0x0"_s)) << one.name;
+        EXPECT_EQ(waitForTask(rig.service->setRating(3)), QString());
+        EXPECT_FALSE(rig.journal.contains(u"key 20 0x0"_s));
     }
 }
 
@@ -184,24 +159,18 @@ TEST(LightroomServicePingTest, startsTheServerOnceAndTestsAgain)
 
 TEST(LightroomServicePingTest, failsWithTheMenusReason)
 {
-    struct Case
-    {
-        std::expected<QString, QString> answer;
-        QString lastMessage;
-    };
-
-    const QList<Case> cases{
+    const std::pair<std::expected<QString, QString>, QString> cases[] = {
         {u"Lightroom Classic is not running"_s, u"Lightroom Classic is not running"_s},
         {u""_s, u"Could not start Lightroom bridge."_s},
         {std::unexpected(u"not allowed"_s), u"not allowed"_s},
         {std::unexpected(QString()), u"Could not start Lightroom bridge."_s},
     };
-    for (const Case &one : cases) {
+    for (const auto &[answer, lastMessage] : cases) {
         LightroomRig rig(impatientTiming());
         rig.plugin.stopListening();
-        rig.menus.answer = one.answer;
+        rig.menus.answer = answer;
         EXPECT_FALSE(waitForTask(rig.service->ping(AutoStart::yes)));
-        EXPECT_EQ(rig.service->lastMessage(), one.lastMessage);
+        EXPECT_EQ(rig.service->lastMessage(), lastMessage);
         EXPECT_EQ(rig.journal, QStringList{u"bridge status"_s});
     }
 }

@@ -1,10 +1,9 @@
 #include "Support/LightroomRig.h"
 #include "Support/PrintQt.h"
+#include "Support/TestFiles.h"
 #include "Support/WaitForTask.h"
 
 #include <gtest/gtest.h>
-
-#include <QFile>
 
 namespace KelvaLR::Testing {
 namespace {
@@ -25,81 +24,67 @@ struct UnpluggedRig : LightroomRig
         applications.running = {{.name = u"Adobe Lightroom Classic"_s, .processId = 7}};
     }
 
+    [[nodiscard]] bool hasLogged(const char *line) const { return readFile(log.file()).contains(line); }
+
     /// What was done after the attempt to start the plug-in's server.
     [[nodiscard]] QStringList deeds() const { return journal.mid(1); }
 };
 
 TEST(KeyFallbackTest, pressesLightroomsOwnShortcutsInTheLoupe)
 {
-    struct Case
+    const struct
     {
         std::function<QCoro::Task<QString>(LightroomService &)> call;
         QString answer;
-        QStringList deeds;
+        QStringList keys;
+    } rows[] = {
+        {[](auto &service) { return service.cullPhoto(u"REJECT"_s); }, u"Flag simulated: Pressed X."_s,
+         QStringList(u"key 7 0x0"_s)},
+        {[](auto &service) { return service.cullPhoto(u"unflag"_s); }, u"Flag simulated: Pressed U."_s,
+         QStringList(u"key 32 0x0"_s)},
+        {[](auto &service) { return service.setRating(3); }, u"Rating simulated: Pressed 3."_s,
+         QStringList(u"key 20 0x0"_s)},
+        {[](auto &service) { return service.setRating(-10); },
+         u"Rating simulation failed: Could not press -10."_s, QStringList()},
+        {[](auto &service) { return service.navigate(u"next"_s); }, u"Navigation simulated: Pressed Right."_s,
+         QStringList(u"key 124 0x0"_s)},
     };
 
-    const QList<Case> cases{
-        {[](LightroomService &service) { return service.cullPhoto(u"REJECT"_s); },
-         u"Flag simulated: Pressed X."_s,
-         {activated, loupe, u"key 7 0x0"_s}},
-        {[](LightroomService &service) { return service.cullPhoto(u"unflag"_s); },
-         u"Flag simulated: Pressed U."_s,
-         {activated, loupe, u"key 32 0x0"_s}},
-        {[](LightroomService &service) { return service.cullPhoto(u"Keep"_s); },
-         u"Unsupported flag type: Keep"_s,
-         {}},
-        {[](LightroomService &service) { return service.setRating(3); },
-         u"Rating simulated: Pressed 3."_s,
-         {activated, loupe, u"key 20 0x0"_s}},
-        {[](LightroomService &service) { return service.setRating(-10); },
-         u"Rating simulation failed: Could not press -10."_s,
-         {activated, loupe}},
-        {[](LightroomService &service) { return service.navigate(u"next"_s); },
-         u"Navigation simulated: Pressed Right."_s,
-         {activated, loupe, u"key 124 0x0"_s}},
-    };
-    for (const Case &one : cases) {
+    for (const auto &row : rows) {
         UnpluggedRig rig;
-        EXPECT_EQ(waitForTask(one.call(*rig.service)), one.answer);
-        EXPECT_EQ(rig.deeds(), one.deeds) << one.answer.toStdString();
+        EXPECT_EQ(waitForTask(row.call(*rig.service)), row.answer);
+        EXPECT_EQ(rig.deeds(), QStringList({activated, loupe}) + row.keys) << row.answer.toStdString();
         EXPECT_FALSE(rig.service->isPluginConnected());
     }
-}
-
-QString logged(const LightroomRig &rig)
-{
-    QFile file(rig.log.file());
-    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    UnpluggedRig rig;
+    EXPECT_EQ(waitForTask(rig.service->cullPhoto(u"Keep"_s)), u"Unsupported flag type: Keep"_s);
+    EXPECT_EQ(rig.deeds(), QStringList());
 }
 
 TEST(KeyFallbackTest, logsWhetherTheWindowChanged)
 {
     UnpluggedRig rig;
     rig.applications.frontmost = rig.applications.running.constFirst();
-    rig.accessibility.elements = {
-        {.id = u"0"_s, .role = u"AXGroup"_s, .title = u"Sunset, no flag"_s},
-    };
+    rig.accessibility.elements = {{.id = u"0"_s, .role = u"AXGroup"_s, .title = u"Sunset, no flag"_s}};
     waitForTask(rig.service->cullPhoto(u"pick"_s));
-    EXPECT_TRUE(logged(rig).contains("pressed P, and the window shows no change"_L1));
+    EXPECT_TRUE(rig.hasLogged("pressed P, and the window shows no change"));
     rig.inputEvents.whenPosted = [&](quint16 key) {
         if (key == KeyboardKey::keyCodeFor(u"x")) {
             rig.accessibility.elements[0].title = u"Sunset, rejected"_s;
         }
     };
     waitForTask(rig.service->cullPhoto(u"reject"_s));
-    EXPECT_TRUE(logged(rig).contains("pressed X, and the window changed"_L1));
+    EXPECT_TRUE(rig.hasLogged("pressed X, and the window changed"));
 }
 
 TEST(KeyFallbackTest, saysThatThePermissionIsMissing)
 {
     UnpluggedRig rig;
     rig.accessibility.trusted = false;
-    EXPECT_EQ(waitForTask(rig.service->cullPhoto(u"pick"_s)),
-              u"Accessibility Permissions required for flag hotkey simulation."_s);
-    EXPECT_EQ(waitForTask(rig.service->setRating(1)),
-              u"Accessibility Permissions required for rating simulation."_s);
-    EXPECT_EQ(waitForTask(rig.service->navigate(u"next"_s)),
-              u"Accessibility Permissions required for navigation simulation."_s);
+    const QString sentence = u"Accessibility Permissions required for %1 simulation."_s;
+    EXPECT_EQ(waitForTask(rig.service->cullPhoto(u"pick"_s)), sentence.arg(u"flag hotkey"_s));
+    EXPECT_EQ(waitForTask(rig.service->setRating(1)), sentence.arg(u"rating"_s));
+    EXPECT_EQ(waitForTask(rig.service->navigate(u"next"_s)), sentence.arg(u"navigation"_s));
 }
 
 class SliderFallbackTest : public testing::Test
@@ -131,8 +116,7 @@ TEST_F(SliderFallbackTest, movesTheSlidersOfTheDevelopModule)
     EXPECT_EQ(rig.deeds(),
               (QStringList{activated, develop, u"set 12 to 0.75"_s, activated, develop, u"set 14 to 10"_s,
                            activated, develop, u"set 12 to -3"_s, activated, develop}));
-    EXPECT_EQ(rig.accessibility.lastProcessId, 7);
-    EXPECT_TRUE(logged(rig).contains("wrote 0.75 to the slider Exposure, which had 0.25 and has 0.25"_L1));
+    EXPECT_TRUE(rig.hasLogged("wrote 0.75 to the slider Exposure, which had 0.25 and has 0.25"));
 }
 
 TEST_F(SliderFallbackTest, countsOnlyItemsOfThreePartsAndTriesOnlyThoseWithANumber)
@@ -147,22 +131,21 @@ TEST_F(SliderFallbackTest, countsOnlyItemsOfThreePartsAndTriesOnlyThoseWithANumb
 
 TEST_F(SliderFallbackTest, countsAChangeOnlyWhenTheSliderTookIt)
 {
+    const QString none = u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s;
     rig.accessibility.setValueSucceeds = false;
-    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s);
-}
+    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), none);
+    EXPECT_EQ(rig.accessibility.lastProcessId, 7);
 
-TEST_F(SliderFallbackTest, readsNoWindowWithoutThePermission)
-{
+    rig.accessibility.lastProcessId.reset();
     rig.accessibility.trusted = false;
-    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s);
-    EXPECT_EQ(rig.accessibility.lastProcessId, std::nullopt);
-}
+    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), none);
+    EXPECT_EQ(rig.accessibility.lastProcessId, std::nullopt) << "no window is read without the permission";
 
-TEST_F(SliderFallbackTest, touchesNothingWhileNoLightroomRuns)
-{
+    rig.journal.clear();
+    rig.accessibility.trusted = true;
     rig.applications.running = {};
-    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), u"UI Accessibility Fallback: Adjusted 0 of 1 sliders."_s);
-    EXPECT_EQ(rig.deeds(), QStringList());
+    EXPECT_EQ(adjust(u"Exposure:0.5:1"_s), none);
+    EXPECT_EQ(rig.deeds(), QStringList()) << "nothing is touched while no Lightroom runs";
 }
 
 } // namespace

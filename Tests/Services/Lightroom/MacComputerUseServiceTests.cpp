@@ -1,9 +1,8 @@
 #include "Services/Lightroom/MacComputerUseService.h"
+#include "Support/AccessibilityTreeBuilder.h"
 #include "Support/LightroomRig.h"
 #include "Support/PrintQt.h"
 #include "Support/WaitForTask.h"
-
-#include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
@@ -22,11 +21,6 @@ protected:
         return result.summary;
     }
 
-    void bringLightroomToFront()
-    {
-        rig.applications.frontmost = FixedFrontmostApplication::lightroomClassic();
-    }
-
     LightroomRig rig;
     MacComputerUseService service{*rig.service, rig.automation, rig.applications};
 };
@@ -40,88 +34,58 @@ TEST_F(MacComputerUseServiceTest, refusesWhatIsNoCommand)
     EXPECT_EQ(rig.accessibility.lastPrompt, std::nullopt);
 }
 
-TEST_F(MacComputerUseServiceTest, sendsEveryLightroomCommandToThePlugin)
+TEST_F(MacComputerUseServiceTest, sendsCommandsToThePlugin)
 {
-    struct Case
-    {
-        QString text;
-        QByteArray command; ///< without its request identifier
-    };
-
-    const QList<Case> cases{
-        {u"set exposure to +0.5"_s,
-         R"({"action":"adjust_slider","relative":false,"slider":"exposure","value":0.5})"},
-        {u"apply preset Soft Matte in lightroom"_s,
-         R"({"action":"apply_preset","preset_name":"Soft Matte"})"},
-        {u"import photos in lightroom from folder /tmp"_s,
-         R"({"action":"import_folder","folder_path":"/tmp"})"},
-        {u"flag as pick in lightroom"_s, R"({"action":"cull","type":"pick"})"},
-        {u"rate it 4 stars in lightroom"_s, R"({"action":"rating","value":4})"},
-        {u"next photo in lightroom"_s, R"({"action":"next"})"},
-        {u"what photo is selected in lightroom"_s, R"({"action":"get_status"})"},
-    };
-    for (const Case &one : cases) {
-        EXPECT_EQ(execute(one.text), u"Lightroom Classic: Done"_s) << one.text.toStdString();
-        QJsonObject command = rig.plugin.commands().constLast();
-        command.remove("request_id"_L1);
-        EXPECT_EQ(QJsonDocument(command).toJson(QJsonDocument::Compact), one.command);
-    }
+    EXPECT_EQ(execute(u"set exposure to +0.5"_s), u"Lightroom Classic: Done"_s);
+    EXPECT_EQ(rig.plugin.lastCommand(),
+              R"({"action":"adjust_slider","relative":false,"slider":"exposure","value":0.5})");
+    EXPECT_EQ(execute(u"import photos in lightroom from folder /tmp"_s), u"Lightroom Classic: Done"_s);
+    EXPECT_EQ(rig.plugin.lastCommand(), R"({"action":"import_folder","folder_path":"/tmp"})");
 }
 
 TEST_F(MacComputerUseServiceTest, drivesTheWindowOnlyWhileLightroomIsInFront)
 {
-    struct Case
+    const struct
     {
         QString text;
-        QString refusal;
+        QString gerund;
         QString answer;
         QStringList deeds;
-    };
-
-    const QString before = u"Bring Adobe Lightroom or Lightroom Classic to the front before "_s;
-    const QList<Case> cases{
-        {u"click Export in Lightroom"_s, before + "clicking."_L1, u"Clicked Export."_s, {u"press 1"_s}},
-        {u"type hello in lightroom classic"_s,
-         before + "typing."_L1,
-         u"Could not find lightroom classic field on screen."_s,
-         {}},
-        {u"type \"in lightroom\""_s, before + "typing."_L1, u"Typed text."_s, {u"text in lightroom"_s}},
-        {u"press p in lightroom"_s, before + "pressing keys."_L1, u"Could not press P In Lightroom."_s, {}},
-        {u"inspect lightroom"_s,
-         before + "inspecting UI."_L1,
+    } rows[] = {
+        {u"click Export in Lightroom"_s, u"clicking"_s, u"Clicked Export."_s, QStringList(u"press 1"_s)},
+        {u"type hello in lightroom classic"_s, u"typing"_s,
+         u"Could not find lightroom classic field on screen."_s, QStringList()},
+        {u"type \"in lightroom\""_s, u"typing"_s, u"Typed text."_s, QStringList(u"text in lightroom"_s)},
+        {u"press p in lightroom"_s, u"pressing keys"_s, u"Could not press P In Lightroom."_s, QStringList()},
+        {u"inspect lightroom"_s, u"inspecting UI"_s,
          u"Interactive Lightroom elements in the active window:\n\n"
          "* [AXButton] \"Export\"\n* [AXTextField] \"Search\" (a field) = \"raw\"\n"_s,
-         {}},
+         QStringList()},
     };
-    for (const Case &one : cases) {
+
+    rig.accessibility.elements = applicationTree();
+    appendElement(rig.accessibility.elements, 0,
+                  {.role = u"AXButton"_s, .title = u"Export"_s, .actions = {u"AXPress"_s}});
+    appendElement(
+        rig.accessibility.elements, 0,
+        {.role = u"AXTextField"_s, .title = u"Search"_s, .description = u"a field"_s, .value = u"raw"_s});
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.text.toStdString());
         rig.journal.clear();
-        rig.accessibility.elements = {
-            {.id = u"0"_s, .role = u"AXApplication"_s, .children = {1, 2}},
-            {.id = u"1"_s,
-             .role = u"AXButton"_s,
-             .title = u"Export"_s,
-             .actions = {u"AXPress"_s},
-             .parent = 0},
-            {.id = u"2"_s,
-             .role = u"AXTextField"_s,
-             .title = u"Search"_s,
-             .description = u"a field"_s,
-             .value = u"raw"_s,
-             .parent = 0},
-        };
         rig.applications.frontmost = RunningApplication{.name = u"Files"_s};
-        EXPECT_EQ(execute(one.text), one.refusal);
+        EXPECT_EQ(execute(row.text),
+                  u"Bring Adobe Lightroom or Lightroom Classic to the front before %1."_s.arg(row.gerund));
         EXPECT_EQ(rig.journal, QStringList());
-        bringLightroomToFront();
-        EXPECT_EQ(execute(one.text), one.answer);
-        EXPECT_EQ(rig.journal, one.deeds);
+        rig.applications.frontmost = FixedFrontmostApplication::lightroomClassic();
+        EXPECT_EQ(execute(row.text), row.answer);
+        EXPECT_EQ(rig.journal, row.deeds);
     }
     EXPECT_TRUE(rig.plugin.lines().isEmpty());
 }
 
 TEST_F(MacComputerUseServiceTest, saysWhenThereIsNothingToSeeOrNoPermission)
 {
-    bringLightroomToFront();
+    rig.applications.frontmost = FixedFrontmostApplication::lightroomClassic();
     EXPECT_EQ(execute(u"inspect lightroom"_s),
               u"No Lightroom UI elements found. Ensure Lightroom is focused and fully loaded."_s);
     rig.accessibility.trusted = false;

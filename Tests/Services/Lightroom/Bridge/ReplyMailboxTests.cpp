@@ -1,11 +1,10 @@
 #include "Services/Lightroom/Bridge/ReplyFile.h"
 #include "Services/Lightroom/Bridge/ReplyMailbox.h"
 #include "Support/PrintQt.h"
+#include "Support/TestFiles.h"
 #include "Support/WaitForTask.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
@@ -22,13 +21,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-
-void write(const QString &path, const QByteArray &bytes, QIODevice::OpenMode mode = QIODevice::WriteOnly)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(mode));
-    file.write(bytes);
-}
 
 class ReplyMailboxTest : public testing::Test
 {
@@ -58,33 +50,27 @@ TEST_F(ReplyMailboxTest, refusesWhatIsNotAReplyOfOurs)
     const QString elsewhere = directory.filePath(u"elsewhere"_s);
     const QByteArray encodedPath = QFile::encodeName(path);
 
-    struct Case
-    {
-        const char *name;
-        std::function<void()> prepare;
-    };
-
-    const QList<Case> cases{
+    const std::pair<const char *, std::function<void()>> cases[] = {
         {"nothing", [] {}},
-        {"empty", [&] { write(path, ""); }},
-        {"not UTF-8", [&] { write(path, "{\"message\":\"\xC3\x28\"}\n"); }},
-        {"cut inside a character", [&] { write(path, "{\"message\":\"\xC3"); }},
-        {"an encoded surrogate", [&] { write(path, "\xED\xA0\x80\n"); }},
-        {"too large", [&] { write(path, QByteArray(maximumReplySize, ' ') + '\n'); }},
+        {"empty", [&] { writeFile(path, ""); }},
+        {"not UTF-8", [&] { writeFile(path, "{\"message\":\"\xC3\x28\"}\n"); }},
+        {"cut inside a character", [&] { writeFile(path, "{\"message\":\"\xC3"); }},
+        {"an encoded surrogate", [&] { writeFile(path, "\xED\xA0\x80\n"); }},
+        {"too large", [&] { writeFile(path, QByteArray(maximumReplySize, ' ') + '\n'); }},
         {"a symbolic link",
          [&] {
-             write(elsewhere, "{}\n");
+             writeFile(elsewhere, "{}\n");
              QFile::link(elsewhere, path);
          }},
         {"a dangling link", [&] { QFile::link(u"/nonexistent"_s, path); }},
         {"a pipe", [&] { ::mkfifo(encodedPath.constData(), 0600); }},
         {"a directory", [&] { QDir().mkdir(path); }},
     };
-    for (const Case &one : cases) {
-        one.prepare();
-        EXPECT_EQ(takeReply(shortReply), std::nullopt) << one.name;
+    for (const auto &[name, prepare] : cases) {
+        prepare();
+        EXPECT_EQ(takeReply(shortReply), std::nullopt) << name;
         EXPECT_TRUE(!QFileInfo(path).isSymLink() && (!QFile::exists(path) || QDir().rmdir(path)))
-            << one.name << " is left, and is not a directory";
+            << name << " is left, and is not a directory";
     }
 }
 
@@ -93,7 +79,7 @@ TEST_F(ReplyMailboxTest, refusesAnotherUsersFile)
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only root can make another user's file";
     }
-    write(path, "{}\n");
+    writeFile(path, "{}\n");
     ASSERT_EQ(::chown(QFile::encodeName(path).constData(), 1, 1), 0);
     EXPECT_EQ(takeReply(shortReply), std::nullopt);
 }
@@ -101,61 +87,65 @@ TEST_F(ReplyMailboxTest, refusesAnotherUsersFile)
 TEST_F(ReplyMailboxTest, takesALargeReplyAndRemovesIt)
 {
     const QByteArray bytes = QByteArray(maximumReplySize - 1, 'x') + '\n';
-    write(path, bytes);
+    writeFile(path, bytes);
     EXPECT_EQ(takeReply(rarePoll), QString::fromUtf8(bytes));
     EXPECT_FALSE(QFile::exists(path));
 }
 
-TEST_F(ReplyMailboxTest, seesAReplyAtOnceHoweverItIsWritten)
+TEST_F(ReplyMailboxTest, takesAReplyHoweverItIsWritten)
 {
     const QString elsewhere = directory.filePath(u"elsewhere"_s);
-    const QList<std::function<void()>> writers{
-        [&] { write(path, "{}\n"); },
-        [&] {
-            write(elsewhere, "{}\n");
-            QFile::rename(elsewhere, path);
-        },
-        // The directory reports only the creation; the content comes much later, and in pieces.
-        [&] {
-            write(path, "");
-            later(50ms, [&] { write(path, "{", QIODevice::Append); });
-            later(100ms, [&] { write(path, "}\n", QIODevice::Append); });
-        },
+
+    const struct
+    {
+        const char *name;
+        BridgeTiming timing;
+        QString reply;
+        std::function<void()> writer;
+    } rows[] = {
+        {"seen at once", rarePoll, u"{}\n"_s, [&] { writeFile(path, "{}\n"); }},
+        {"renamed, and seen at once", rarePoll, u"{}\n"_s,
+         [&] {
+             writeFile(elsewhere, "{}\n");
+             QFile::rename(elsewhere, path);
+         }},
+        {"seen although the directory reports only the creation, long before the content", rarePoll,
+         u"{}\n"_s,
+         [&] {
+             writeFile(path, "");
+             later(50ms, [&] { writeFile(path, "{", QIODevice::Append); });
+             later(100ms, [&] { writeFile(path, "}\n", QIODevice::Append); });
+         }},
+        {"written while the program stood still past the deadline", shortReply, u"{}\n"_s,
+         [&] {
+             QThread::msleep(200);
+             writeFile(path, "{}\n");
+         }},
+        {"without a line feed, taken only once it has stopped growing",
+         {.reply = 15s, .poll = 300ms},
+         u"{}"_s,
+         [&] {
+             writeFile(path, "{");
+             later(150ms, [&] { writeFile(path, "}", QIODevice::Append); });
+         }},
     };
-    for (const auto &writer : writers) {
-        later(20ms, writer);
+
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        later(20ms, row.writer);
         QElapsedTimer clock;
         clock.start();
-        EXPECT_EQ(takeReply(rarePoll), u"{}\n"_s);
+        EXPECT_EQ(takeReply(row.timing), row.reply);
         EXPECT_LT(clock.elapsed(), 10'000);
     }
-}
-
-TEST_F(ReplyMailboxTest, takesAReplyThatCameWhileTheProgramStoodStill)
-{
-    later(20ms, [this] {
-        QThread::msleep(200); // past the deadline
-        write(path, "{}\n");
-    });
-    EXPECT_EQ(takeReply(shortReply), u"{}\n"_s);
 }
 
 TEST_F(ReplyMailboxTest, findsAReplyByPollingWhereNothingCanBeWatched)
 {
     endpoint.replyDirectory = directory.filePath(u"not-yet"_s);
     path = endpoint.replyPath(u"ID"_s);
-    later(20ms, [&] {
-        QDir().mkpath(endpoint.replyDirectory);
-        write(path, "{}\n");
-    });
+    later(20ms, [&] { writeFile(path, "{}\n"); });
     EXPECT_EQ(takeReply({.reply = 15s, .poll = 10ms}), u"{}\n"_s);
-}
-
-TEST_F(ReplyMailboxTest, takesATextWithoutItsLineFeedOnlyOnceItHasStoppedGrowing)
-{
-    write(path, "{\"a\"");
-    later(150ms, [&] { write(path, ":1}", QIODevice::Append); });
-    EXPECT_EQ(takeReply({.reply = 15s, .poll = 300ms}), u"{\"a\":1}"_s);
 }
 
 TEST_F(ReplyMailboxTest, endsEarlyWhenItsOwnerDies)

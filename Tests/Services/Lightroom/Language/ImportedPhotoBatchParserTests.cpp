@@ -1,12 +1,10 @@
 #include "Services/Lightroom/Language/ImportedPhotoBatchParser.h"
 
-#include "Support/PrintLanguage.h"
-#include "Support/PrintQt.h"
+#include "Services/Lightroom/Language/RouteExplanation.h"
 
 #include <gtest/gtest.h>
 
 namespace KelvaLR {
-
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -15,16 +13,17 @@ using namespace ImportedPhotoBatch;
 struct BatchCase
 {
     QString text;
-    std::optional<ImportedPhotoBatchIntent> intent; ///< its prompt is the text, and left out here
+    ImportedPhotoBatchIntent intent; ///< its prompt is the text, and left out here
 };
 
 void expectIntents(std::initializer_list<BatchCase> cases)
 {
     for (BatchCase c : cases) {
-        if (c.intent) {
-            std::visit([&](auto &batch) { batch.prompt = c.text; }, *c.intent);
-        }
-        EXPECT_EQ(importedPhotoBatchIntent(c.text), c.intent) << c.text.toStdString();
+        std::visit([&](auto &batch) { batch.prompt = c.text; }, c.intent);
+        const auto intent = importedPhotoBatchIntent(c.text);
+        EXPECT_TRUE(intent == c.intent)
+            << c.text.toStdString() << " is "
+            << (intent ? explainedRoute({}, Route::Batch{*intent}).constData() : "no batch");
     }
 }
 
@@ -41,7 +40,6 @@ TEST(ImportedPhotoBatchParser, findsPresetNames)
         {u"apply the A preset to these"_s, preset(u"A"_s)},
         {u"apply \"A\" preset to these"_s, preset(u"A"_s)},
         {u"apply the preset Vivid to these"_s, preset(u"Vivid"_s)},
-        {u"apply a preset to these"_s, {}},
         {u"apply preset Warm to these"_s, preset(u"Warm"_s)},
         {u"use the preset Matte Look to these"_s, preset(u"Matte Look"_s)},
         {u"use preset Matte Look on these"_s, preset(u"Matte Look on these"_s)},
@@ -65,27 +63,31 @@ TEST(ImportedPhotoBatchParser, findsOtherActions)
         {u"rate these 4 stars"_s, Rate{4, {}}},
         {u"give this photo 0 stars"_s, Rate{0, {}}},
         {u"rate these 3 and increase exposure by 1"_s, Rate{3, {}}},
-        {u"give these 7 stars"_s, {}},
         {u"increase exposure of these by 0.5"_s, AdjustSlider{{u"exposure"_s, 0.5, true}, {}}},
         {u"give these 7 stars and set tint to 8"_s, AdjustSlider{{u"tint"_s, 7, false}, {}}},
         {u"make these brighter and warmer"_s, AdjustSliders{u"exposure:0.3:1;temperature:500:1"_s, {}}},
         {u"cool down and darken this image, more contrast"_s,
          AdjustSliders{u"exposure:-0.3:1;temperature:-500:1;contrast:10:1"_s, {}}},
-        {u"brighten it"_s, {}},
-        {u"rate it 4 stars"_s, {}},
-        {u"describe these"_s, {}},
     });
+}
+
+TEST(ImportedPhotoBatchParser, leavesOtherRequestsAlone)
+{
+    for (const QString &text : {u"apply a preset to these"_s, u"give these 7 stars"_s, u"brighten it"_s,
+                                u"rate it 4 stars"_s, u"describe these"_s}) {
+        EXPECT_FALSE(importedPhotoBatchIntent(text)) << text.toStdString();
+    }
 }
 
 TEST(ImportedPhotoBatchParser, tellsAllPhotosFromSelectedOnes)
 {
-    for (const QStringView text : {u"rate all imported 3", u"flag imported photos", u"reject all photos"}) {
-        EXPECT_TRUE(referencesImportedPhotoSelection(text));
-        EXPECT_TRUE(meansAllImportedPhotos(text));
-    }
-    for (const QStringView text : {u"flag these", u"rate the selected photos", u"this imported photo"}) {
-        EXPECT_TRUE(referencesImportedPhotoSelection(text));
-        EXPECT_FALSE(meansAllImportedPhotos(text));
+    const std::pair<QString, bool> textsAndAll[] = {
+        {u"rate all imported 3"_s, true},       {u"flag imported photos"_s, true},
+        {u"reject all photos"_s, true},         {u"flag these"_s, false},
+        {u"rate the selected photos"_s, false}, {u"this imported photo"_s, false}};
+    for (const auto &[text, meansAll] : textsAndAll) {
+        EXPECT_TRUE(referencesImportedPhotoSelection(text)) << text.toStdString();
+        EXPECT_EQ(meansAllImportedPhotos(text), meansAll) << text.toStdString();
     }
 }
 
@@ -101,5 +103,4 @@ TEST(ImportedPhotoBatchParser, knowsWhichActionsCanBeAimed)
 }
 
 } // namespace
-
 } // namespace KelvaLR

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace KelvaLR {
-
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -30,35 +29,28 @@ std::optional<int> expectedRating(const QString &text)
     return digit.isEmpty() ? std::nullopt : std::optional(digit.toInt());
 }
 
-/// A text of up to 12 of the pieces, in a random order.
-QString randomText(QRandomGenerator &random, const QStringList &pieces)
+/// Many texts of up to 12 of the pieces, in a random order.
+QStringList randomTexts(quint32 seed, const QStringList &pieces)
 {
-    QString text;
-    for (int count = random.bounded(12); count > 0; --count) {
-        text += pieces.at(random.bounded(pieces.size()));
+    QRandomGenerator random(seed);
+    QStringList texts(20000);
+    for (QString &text : texts) {
+        for (int count = random.bounded(12); count > 0; --count) {
+            text += pieces.at(random.bounded(pieces.size()));
+        }
     }
-    return text;
+    return texts;
 }
 
-TEST(NumbersInText, firstNumberAgreesWithItsExpression)
+TEST(NumbersInText, agreeWithTheirExpressions)
 {
-    const QStringList pieces{u"-"_s, u"+"_s,  u"."_s,      u"1"_s,          u"20"_s,
-                             u" "_s, u"by"_s, u"\u0663"_s, u"\U0001D7D8"_s, u"\U0001F600"_s};
-    QRandomGenerator random(1);
-    for (int i = 0; i < 20000; ++i) {
-        const QString text = randomText(random, pieces);
+    for (const QString &text : randomTexts(1, {u"-"_s, u"+"_s, u"."_s, u"1"_s, u"20"_s, u" "_s, u"by"_s,
+                                               u"\u0663"_s, u"\U0001D7D8"_s, u"\U0001F600"_s})) {
         ASSERT_EQ(firstNumber(text).toString(), expectedNumber(text)) << text.toStdString();
     }
-}
-
-TEST(NumbersInText, firstRatingAgreesWithItsExpression)
-{
-    const QStringList pieces{u"rate"_s,   u"rating"_s,     u"star"_s,      u"s"_s, u" "_s,
-                             u"\u00A0"_s, u"it "_s,        u"0"_s,         u"4"_s, u"7"_s,
-                             u"\u0663"_s, u"\U0001D7D8"_s, u"\U0001F600"_s};
-    QRandomGenerator random(2);
-    for (int i = 0; i < 20000; ++i) {
-        const QString text = randomText(random, pieces);
+    for (const QString &text :
+         randomTexts(2, {u"rate"_s, u"rating"_s, u"star"_s, u"s"_s, u" "_s, u"\u00A0"_s, u"it "_s, u"0"_s,
+                         u"4"_s, u"7"_s, u"\u0663"_s, u"\U0001D7D8"_s, u"\U0001F600"_s})) {
         ASSERT_EQ(firstRating(text), expectedRating(text)) << text.toStdString();
     }
 }
@@ -71,5 +63,4 @@ TEST(NumbersInText, lookPastLoneSurrogates)
 }
 
 } // namespace
-
 } // namespace KelvaLR

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace KelvaLR {
-
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -51,5 +50,4 @@ TEST(SpokenNumbers, areReadAndNothingElseIs)
 }
 
 } // namespace
-
 } // namespace KelvaLR

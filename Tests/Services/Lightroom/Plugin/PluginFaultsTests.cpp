@@ -1,16 +1,11 @@
-#include "LightroomStandIn/HostedPlugin.h"
-#include "Support/PrintQt.h"
+#include "Services/Lightroom/Plugin/PluginReplies.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QJsonArray>
 
 using namespace Qt::StringLiterals;
-using StandIn::Testing::HostedPlugin;
-using StandIn::Testing::presetFile;
-using StandIn::Testing::writeFile;
-using StandIn::Testing::xmpText;
+using namespace StandIn::Testing;
 
 namespace {
 
@@ -49,92 +44,72 @@ QByteArray faultyApplication(const QByteArray &changes)
     )";
 }
 
-struct Row
-{
-    const char *name;
-    QByteArray changes;
-    QJsonObject request;
-    QString message;
-};
-
-HostedPlugin::Setup withFacade(const QString &module, const QByteArray &source)
-{
-    return {.presets = {{u"1.xmp"_s, presetFile(u"Portra"_s, u"Contrast2012=\"+40\""_s)}},
-            .facades = {{module, source}}};
-}
+constexpr auto busy = "Could not change the catalog: Lightroom is busy with another change";
 
 } // namespace
 
 TEST(PluginFaults, areAnsweredInWords)
 {
-    const QJsonObject preset{{u"action"_s, u"apply_preset"_s}, {u"preset_name"_s, u"portra"_s}};
-    const QJsonObject status{{u"action"_s, u"get_status"_s}};
-    const QJsonObject raise{{u"action"_s, u"adjust_slider"_s},
-                            {u"slider"_s, u"exposure"_s},
-                            {u"value"_s, 0.5},
-                            {u"relative"_s, true}};
-    const std::vector<Row> rows{
+    constexpr auto preset = R"({"action":"apply_preset","preset_name":"portra"})";
+    constexpr auto status = R"({"action":"get_status"})";
+    constexpr auto raise = R"({"action":"adjust_slider","slider":"exposure","value":0.5,"relative":true})";
+    constexpr auto rate = R"({"action":"rating","value":5,"target_paths":["b.CR3","gone.jpg"]})";
+
+    const struct
+    {
+        const char *name;
+        QByteArray changes;
+        const char *request;
+        QString reply;
+        const char *ratingOfB = "";
+    } rows[] = {
         {"no preset interface", "application.developPresetFolders = absent", preset,
-         u"Lightroom preset folder API is unavailable."_s},
+         error("Lightroom preset folder API is unavailable.")},
         {"the presets cannot be read", "function application.developPresetFolders() error('locked') end",
-         preset, u"Could not read Lightroom preset folders."_s},
+         preset, error("Could not read Lightroom preset folders.")},
         {"another call lists the presets",
          "function application.developPresetFolders() return { over({}, {"
          "  getDevelopPresets = absent, getPresets = function() error('no') end,"
          "  getChildPresets = function() return { real.developPresetFolders()[1]:getDevelopPresets()[1] } "
          "end }) } end",
-         preset, u"Applied preset Portra to 1 photo"_s},
+         preset, success("Applied preset Portra to 1 photo")},
         {"a folder without presets",
          "function application.developPresetFolders() return { over({}, {}) } end", preset,
-         u"Preset not found: portra"_s},
+         error("Preset not found: portra")},
         {"a preset that cannot be applied", "function photo.applyDevelopPreset() error('out of ink', 0) end",
-         preset, u"Could not apply preset: out of ink"_s},
+         preset, error("Could not apply preset: out of ink")},
         {"the status cannot be read", "function catalog.withReadAccessDo() error('locked') end", status,
-         u"Could not read Lightroom status"_s},
+         error("Could not read Lightroom status")},
         {"a photo that fails while its status is read", "function photo.getRawMetadata() error('gone') end",
-         status, u"Could not read Lightroom status"_s},
+         status, error("Could not read Lightroom status")},
         {"unreadable settings count as 0",
          "function photo.getDevelopSettings() LrTasks.yield() error('no') end", raise,
-         u"Adjusted Exposure2012 on 1 photo to 0.5"_s},
+         success("Adjusted Exposure2012 on 1 photo to 0.5")},
         {"settings that are no table count as 0", "function photo.getDevelopSettings() return 'none' end",
-         raise, u"Adjusted Exposure2012 on 1 photo to 0.5"_s},
+         raise, success("Adjusted Exposure2012 on 1 photo to 0.5")},
         {"a write gate that stays shut", "function catalog.withWriteAccessDo() return 'aborted' end", raise,
-         u"Could not change the catalog: Lightroom is busy with another change"_s},
+         error(busy)},
         {"a write gate that stays shut for a preset",
-         "function catalog.withWriteAccessDo() return 'aborted' end", preset,
-         u"Could not change the catalog: Lightroom is busy with another change"_s},
+         "function catalog.withWriteAccessDo() return 'aborted' end", preset, error(busy)},
         {"a change that is refused", "function photo.applyDevelopSettings() error('read-only', 0) end", raise,
-         u"Could not change the catalog: read-only"_s},
+         error("Could not change the catalog: read-only")},
         {"no catalog", "function application.activeCatalog() error('no catalog', 0) end", raise,
-         u"Command failed: no catalog"_s},
+         error("Command failed: no catalog")},
+        {"photos are found without a path lookup", "catalog.findPhotoByPath = absent", rate,
+         success("Set rating to 5 on 1 photo (1 missing)"), "5"},
+        {"photos whose lookup fails count as missing",
+         "function catalog.findPhotoByPath() LrTasks.yield() error('no') end", rate,
+         error("No target photos found")},
     };
-    for (const Row &row : rows) {
+
+    for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
-        HostedPlugin plugin(withFacade(u"LrApplication"_s, faultyApplication(row.changes)));
-        EXPECT_EQ(plugin.request(row.request)["message"_L1].toString(), row.message);
+        HostedPlugin plugin({.presets = {{u"1.xmp"_s, presetFile(u"Portra"_s, u"Contrast2012=\"+40\""_s)}},
+                             .facades = {{u"LrApplication"_s, faultyApplication(row.changes)}}});
+        EXPECT_EQ(replyTo(plugin, row.request), row.reply);
+        EXPECT_EQ(xmpText(plugin.photoPath(u"b.xmp"_s), "Xmp.xmp.Rating"),
+                  QString::fromLatin1(row.ratingOfB));
     }
-}
-
-TEST(PluginFaults, findPhotosWithoutAPathLookup)
-{
-    HostedPlugin plugin(
-        withFacade(u"LrApplication"_s, faultyApplication("catalog.findPhotoByPath = absent")));
-    const QJsonArray paths{plugin.photoPath(u"b.CR3"_s), plugin.photoPath(u"gone.jpg"_s)};
-    const auto reply =
-        plugin.request({{u"action"_s, u"rating"_s}, {u"value"_s, 5}, {u"target_paths"_s, paths}});
-    EXPECT_EQ(reply["message"_L1].toString(), u"Set rating to 5 on 1 photo (1 missing)"_s);
-    EXPECT_EQ(xmpText(plugin.photoPath(u"b.xmp"_s), "Xmp.xmp.Rating"), u"5"_s);
-}
-
-TEST(PluginFaults, countPhotosAsMissingWhoseLookupFails)
-{
-    HostedPlugin plugin(
-        withFacade(u"LrApplication"_s,
-                   faultyApplication("function catalog.findPhotoByPath() LrTasks.yield() error('no') end")));
-    const QJsonArray paths{plugin.photoPath(u"a.jpg"_s)};
-    const auto reply =
-        plugin.request({{u"action"_s, u"rating"_s}, {u"value"_s, 5}, {u"target_paths"_s, paths}});
-    EXPECT_EQ(reply["message"_L1].toString(), u"No target photos found"_s);
 }
 
 TEST(PluginFaults, sayThatAnotherTaskHoldsTheWriteGate)
@@ -150,9 +125,7 @@ TEST(PluginFaults, sayThatAnotherTaskHoldsTheWriteGate)
         end)
     )");
     ASSERT_TRUE(plugin.host().chooseMenuItem(u"KelvaLR Status"_s).has_value());
-    const auto reply = plugin.request({{u"action"_s, u"rating"_s}, {u"value"_s, 5}});
-    EXPECT_EQ(reply["message"_L1].toString(),
-              u"Could not change the catalog: Lightroom is busy with another change"_s);
+    EXPECT_EQ(replyTo(plugin, R"({"action":"rating","value":5})"), error(busy));
     EXPECT_FALSE(QFile::exists(plugin.photoPath(u"a.xmp"_s)));
 }
 
@@ -161,8 +134,7 @@ TEST(PluginFaults, leaveABrokenSidecarAsItIs)
     HostedPlugin plugin;
     const QString sidecar = plugin.photoPath(u"a.xmp"_s);
     writeFile(sidecar, "no XMP at all");
-    const auto reply = plugin.request({{u"action"_s, u"rating"_s}, {u"value"_s, 5}});
-    EXPECT_TRUE(reply["message"_L1].toString().startsWith(
-        u"Could not change the catalog: Could not read %1: "_s.arg(sidecar)));
-    EXPECT_EQ(StandIn::Testing::readFile(sidecar), "no XMP at all");
+    EXPECT_TRUE(replyTo(plugin, R"({"action":"rating","value":5})")
+                    .contains(u"Could not change the catalog: Could not read %1: "_s.arg(sidecar)));
+    EXPECT_EQ(readFile(sidecar), "no XMP at all");
 }

@@ -1,43 +1,42 @@
-#include "LightroomStandIn/HostedPlugin.h"
-#include "Support/PrintQt.h"
+#include "Services/Lightroom/Plugin/PluginReplies.h"
 #include "Support/WaitForTask.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHostAddress>
-#include <QJsonDocument>
 #include <QTcpSocket>
 
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+using namespace StandIn::Testing;
 using KelvaLR::Testing::waitUntil;
 using StandIn::DialogMessage;
-using StandIn::Testing::HostedPlugin;
-using StandIn::Testing::readFile;
-using StandIn::Testing::replyPath;
-using StandIn::Testing::sendToPlugin;
-using StandIn::Testing::writeFile;
 
 namespace {
 
 constexpr qsizetype mebibyte = qsizetype{1024} * 1024;
+constexpr auto ping = R"({"action":"ping"})";
+const QString pong = success("pong");
+
+QByteArray pingAs(const QString &id)
+{
+    const QJsonObject request{{u"action"_s, u"ping"_s}, {u"request_id"_s, id}};
+    return QJsonDocument(request).toJson(QJsonDocument::Compact);
+}
 
 } // namespace
 
 TEST(PluginServer, answersWhatItCannotRead)
 {
-    struct Row
+    const struct
     {
         QByteArray line;
         QString requestId;
         QString echo;
-    };
-
-    const std::vector<Row> rows{
+    } rows[] = {
         {"hello", {}, u"hello"_s},
         {"", {}, {}},
         {"[1]", {}, u"[1]"_s},
@@ -51,8 +50,9 @@ TEST(PluginServer, answersWhatItCannotRead)
          u"{\"request_id\":\"BYTES\",\"action\":\"\uFFFD\uFFFD\"}"_s},
         {QByteArray(mebibyte, '['), {}, QString(mebibyte / 16 - 24, u'[') + u"..."},
     };
+
     HostedPlugin plugin;
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         const QJsonObject reply = plugin.sendLine(row.line, row.requestId);
         EXPECT_EQ(reply, QJsonObject({{u"request_id"_s, row.requestId},
                                       {u"status"_s, u"error"_s},
@@ -65,25 +65,24 @@ TEST(PluginServer, answersWhatItCannotRead)
 TEST(PluginServer, keepsRepliesInTheirFolder)
 {
     HostedPlugin plugin;
-    const auto pingAs = [&plugin](const QString &id, const QString &fileId) {
-        const QJsonObject request{{u"action"_s, u"ping"_s}, {u"request_id"_s, id}};
-        return plugin.sendLine(QJsonDocument(request).toJson(QJsonDocument::Compact), fileId)["request_id"_L1]
-            .toString();
+    const std::pair<QString, QString> idsAndFileIds[] = {
+        {u"../../tmp/x"_s, u"______tmp_x"_s},
+        {u"a b\u00e9\U0001F600"_s, u"a_b______"_s},
+        {u"x\n%s\0y"_s, u"x__s_y"_s},
+        {{}, {}},
     };
-    EXPECT_EQ(pingAs(u"../../tmp/x"_s, u"______tmp_x"_s), u"../../tmp/x"_s);
-    EXPECT_EQ(pingAs(u"a b\u00e9\U0001F600"_s, u"a_b______"_s), u"a b\u00e9\U0001F600"_s);
-    EXPECT_EQ(pingAs(u"x\n%s\0y"_s, u"x__s_y"_s), u"x\n%s\0y"_s);
-    EXPECT_EQ(pingAs({}, {}), QString());
-    EXPECT_EQ(plugin.sendLine(R"({"action":"ping","request_id":5})", {})["message"_L1].toString(), u"pong"_s);
+    for (const auto &[id, fileId] : idsAndFileIds) {
+        EXPECT_EQ(plugin.sendLine(pingAs(id), fileId)["request_id"_L1].toString(), id);
+    }
+    EXPECT_EQ(textOf(plugin.sendLine(R"({"action":"ping","request_id":5})", {})), pong);
 }
 
 TEST(PluginServer, answersOthersWhenOneReplyCannotBeWritten)
 {
     HostedPlugin plugin;
-    const QJsonObject request{{u"action"_s, u"ping"_s}, {u"request_id"_s, QString(mebibyte, u'x')}};
-    ASSERT_TRUE(sendToPlugin(QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n'));
+    ASSERT_TRUE(sendToPlugin(pingAs(QString(mebibyte, u'x')) + '\n'));
     ASSERT_TRUE(waitUntil([&plugin] { return plugin.log().contains("reply file write failed: "); }));
-    EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
+    EXPECT_EQ(replyTo(plugin, ping), pong);
 }
 
 TEST(PluginServer, readsAMebibyteOfTargetPaths)
@@ -96,8 +95,8 @@ TEST(PluginServer, readsAMebibyteOfTargetPaths)
     const QByteArray line = R"({"request_id":"LONG","action":"rating","value":3,"target_paths":[)" + paths +
                             "\"" + plugin.photoPath(u"b.CR3"_s).toUtf8() + "\"]}";
     ASSERT_GT(line.size(), mebibyte);
-    EXPECT_EQ(plugin.sendLine(line, u"LONG"_s)["message"_L1].toString(),
-              u"Set rating to 3 on 1 photo (21000 missing)"_s);
+    EXPECT_EQ(textOf(plugin.sendLine(line, u"LONG"_s)),
+              success("Set rating to 3 on 1 photo (21000 missing)"));
 }
 
 TEST(PluginServer, takesALineInPiecesAndSeveralLinesAtOnce)
@@ -120,7 +119,7 @@ TEST(PluginServer, takesALineInPiecesAndSeveralLinesAtOnce)
     EXPECT_TRUE(hasReply(u"REST"_s));
     EXPECT_TRUE(hasReply(u"LAST"_s));
     socket.disconnectFromHost();
-    EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
+    EXPECT_EQ(replyTo(plugin, ping), pong);
     EXPECT_EQ(plugin.log().count("Received message: "), 4);
 }
 
@@ -129,7 +128,7 @@ TEST(PluginServer, isDeafToWhatAWebPageSends)
     HostedPlugin plugin;
     ASSERT_TRUE(sendToPlugin("POST / HTTP/1.1\r\nHost: 127.0.0.1:54321\r\n\r\n"
                              "{\"action\":\"rating\",\"value\":1,\"request_id\":\"WEB\"}\n"));
-    EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
+    EXPECT_EQ(replyTo(plugin, ping), pong);
     EXPECT_FALSE(plugin.log().contains("rating"));
     EXPECT_FALSE(QFile::exists(replyPath(u"WEB"_s)));
     QFile::remove(replyPath({}));
@@ -143,8 +142,8 @@ TEST(PluginServer, writesNeitherThroughALinkNorIntoAPipe)
     ASSERT_TRUE(QFile::link(precious, replyPath(u"LINK"_s)));
     ASSERT_EQ(::mkfifo(replyPath(u"PIPE"_s).toUtf8().constData(), 0600), 0);
     for (const QString &id : {u"LINK"_s, u"PIPE"_s}) {
-        const QJsonObject ping{{u"action"_s, u"ping"_s}, {u"request_id"_s, id}};
-        EXPECT_EQ(plugin.request(ping)["message"_L1].toString(), u"pong"_s) << id.toStdString();
+        const QByteArray line = R"({"action":"ping","request_id":")" + id.toUtf8() + "\"}";
+        EXPECT_EQ(textOf(plugin.sendLine(line, id)), pong) << id.toStdString();
     }
     EXPECT_EQ(readFile(precious), "precious");
 }
@@ -159,7 +158,7 @@ TEST(PluginServer, opensOneListenerHoweverOftenItIsRun)
                                 .text = u"The background assistant connection is active and running."_s,
                                 .kind = u"info"_s};
     EXPECT_EQ(plugin.messages(), std::vector({running, running}));
-    EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
+    EXPECT_EQ(replyTo(plugin, ping), pong);
     EXPECT_EQ(plugin.log().count("Socket server already started"), 2);
     EXPECT_EQ(plugin.log().count("Async task started"), 1);
 }
@@ -179,7 +178,7 @@ TEST(PluginServer, startsAgainWhenThePluginIsReloaded)
 {
     HostedPlugin plugin;
     ASSERT_TRUE(plugin.host().load().has_value());
-    EXPECT_EQ(plugin.request({{u"action"_s, u"ping"_s}})["message"_L1].toString(), u"pong"_s);
+    EXPECT_EQ(replyTo(plugin, ping), pong);
     EXPECT_EQ(plugin.log().count("Async task started"), 2);
 }
 
