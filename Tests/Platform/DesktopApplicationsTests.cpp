@@ -13,13 +13,12 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using Testing::waitUntil;
+
+namespace {
 
 QString contents(const QString &path)
 {
@@ -163,5 +162,3 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
 }
 
 } // namespace
-
-} // namespace KelvaLR

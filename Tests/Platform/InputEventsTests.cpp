@@ -3,7 +3,6 @@
 #include "Platform/KeyboardWitness.h"
 #include "Support/WaitForTask.h"
 
-#include <QApplication>
 #include <QCoroFuture>
 #include <QCoroTimer>
 #include <QProcess>
@@ -14,16 +13,13 @@
 
 #include <csignal>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
-using Testing::KeyboardWitness;
-using Testing::waitForTask;
-using Testing::waitUntil;
+
+namespace {
 
 constexpr quint16 keyA = 0;
 constexpr quint16 keyReturn = 36;
@@ -79,15 +75,9 @@ protected:
     XTestInputEvents m_input{m_connection, settledAtOnce};
 };
 
-struct ModifierCase
-{
-    KeyModifiers modifiers;
-    int state;
-};
-
 TEST_F(InputEventsOnWitness, keysCarryExactlyTheGivenModifiersWhateverTheUserHolds)
 {
-    const ModifierCase cases[] = {
+    const std::pair<KeyModifiers, int> cases[] = {
         {{}, 0},
         {KeyModifier::maskShift, shift},
         {KeyModifier::maskCommand, control},
@@ -103,21 +93,12 @@ TEST_F(InputEventsOnWitness, keysCarryExactlyTheGivenModifiersWhateverTheUserHol
             waitForTask(m_input.postKey(keyA, modifiers));
             EXPECT_THAT(statesOfPresses(XK_a), ElementsAre(state)) << held;
             EXPECT_EQ(m_witness.keysDown(), keysDown);
-            EXPECT_EQ(m_witness.lockedModifiers(), lock);
+            EXPECT_EQ(m_witness.locked().first, lock);
         }
         m_witness.fake(XCB_KEY_RELEASE, m_witness.keycode(held));
     }
     m_witness.lock(0);
 }
-
-struct LayoutCase
-{
-    QString layouts; ///< of setxkbmap
-    quint8 group;    ///< the one the user has switched to
-    quint16 virtualKeyCode;
-    int keycode;
-    int state; ///< the group in use is in bits 13 and 14
-};
 
 TEST_F(InputEventsOnWitness, aKeyIsFoundInEveryLayout)
 {
@@ -125,11 +106,20 @@ TEST_F(InputEventsOnWitness, aKeyIsFoundInEveryLayout)
     constexpr int topLeft = 24;  // the Q of a US keyboard
     constexpr int homeLeft = 38; // the A of a US keyboard
     constexpr int firstOfDigits = 10;
-    const LayoutCase cases[] = {
+
+    const struct
+    {
+        QString layouts; ///< of setxkbmap
+        quint8 group;    ///< the one the user has switched to
+        quint16 virtualKeyCode;
+        int keycode;
+        int state; ///< the group in use is in bits 13 and 14
+    } cases[] = {
         {u"us,ru"_s, 1, keyA, homeLeft, control},
         {u"us,fr"_s, 1, keyA, topLeft, control | 1 << 13},
         {u"fr"_s, 0, digit1, firstOfDigits, control},
     };
+
     for (const auto &[layouts, group, virtualKeyCode, keycode, state] : cases) {
         ASSERT_EQ(QProcess::execute(u"setxkbmap"_s, {layouts}), 0);
         m_witness.lock(0, group);
@@ -137,7 +127,7 @@ TEST_F(InputEventsOnWitness, aKeyIsFoundInEveryLayout)
         waitForTask(m_input.postKey(virtualKeyCode, KeyModifier::maskCommand));
         EXPECT_TRUE(m_witness.takeEvents().contains({XCB_KEY_PRESS, keycode, state}))
             << layouts.toStdString();
-        EXPECT_EQ(m_witness.lockedGroup(), group);
+        EXPECT_EQ(m_witness.locked().second, group);
     }
     ASSERT_EQ(QProcess::execute(u"setxkbmap"_s, {u"us"_s}), 0);
     m_witness.lock(0);
@@ -227,30 +217,26 @@ TEST_F(InputEventsOnWitness, twoProcessesBorrowDifferentKeycodes)
     EXPECT_TRUE(waitUntil([&] { return m_witness.map() == map; }));
 }
 
-class EndedTyping : public InputEventsOnWitness, public testing::WithParamInterface<int>
-{
-};
-
-TEST_P(EndedTyping, leavesTheMapAsItWas)
+TEST_F(InputEventsOnWitness, aProgramThatASignalEndsLeavesTheMapAsItWas)
 {
     const auto map = m_witness.map();
-    QProcess program;
-    program.start(QStringLiteral(KELVALR_TYPING_PROGRAM), QStringList());
-    ASSERT_TRUE(waitUntil([&] { return program.readAllStandardOutput().contains("typing"); }));
-    EXPECT_NE(m_witness.map(), map);
-    ::kill(static_cast<pid_t>(program.processId()), GetParam());
-    ASSERT_TRUE(waitUntil([&] { return program.state() == QProcess::NotRunning; }));
-    if (GetParam() == SIGKILL) {
+    for (const int signal : {SIGTERM, SIGINT, SIGKILL}) {
+        SCOPED_TRACE(signal);
+        QProcess program;
+        program.start(QStringLiteral(KELVALR_TYPING_PROGRAM), QStringList());
+        ASSERT_TRUE(waitUntil([&] { return program.readAllStandardOutput().contains("typing"); }));
         EXPECT_NE(m_witness.map(), map);
-        const XTestInputEvents next(m_connection, settledAtOnce);
+        ::kill(static_cast<pid_t>(program.processId()), signal);
+        ASSERT_TRUE(waitUntil([&] { return program.state() == QProcess::NotRunning; }));
+        if (signal == SIGKILL) {
+            EXPECT_NE(m_witness.map(), map);
+            const XTestInputEvents next(m_connection, settledAtOnce);
+        }
         EXPECT_EQ(m_witness.map(), map);
+        EXPECT_FALSE(m_connection.items(m_connection.root(), "_KELVALR_BORROWED_KEYCODES"));
+        EXPECT_EQ(m_witness.keysDown(), QList<quint8>(32, 0));
     }
-    EXPECT_EQ(m_witness.map(), map);
-    EXPECT_FALSE(m_connection.items(m_connection.root(), "_KELVALR_BORROWED_KEYCODES"));
-    EXPECT_EQ(m_witness.keysDown(), QList<quint8>(32, 0));
 }
-
-INSTANTIATE_TEST_SUITE_P(Signals, EndedTyping, testing::Values(SIGTERM, SIGINT, SIGKILL));
 
 TEST(InputEventsWithoutServer, postsNothing)
 {
@@ -284,12 +270,3 @@ TEST(InputEventsWithoutServer, endQuietlyWhenTheServerGoes)
 }
 
 } // namespace
-
-} // namespace KelvaLR
-
-int main(int argc, char **argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}
