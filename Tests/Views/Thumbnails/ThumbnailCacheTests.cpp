@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 QImage picture(int side)
 {
@@ -48,5 +47,3 @@ TEST(ThumbnailCache, tellsStatesOfAFileApart)
 }
 
 } // namespace
-
-} // namespace KelvaLR
