@@ -272,15 +272,18 @@ TEST(Sdk, saysWhatIsWrongWithAPlugin)
 
     EXPECT_EQ(load(),
               u"There is no plug-in at \"%1\"; run \"kelvalr --install-plugin\" first."_s.arg(folder));
-    writeFile(folder + u"/readme.txt"_s);
-    EXPECT_TRUE(load().startsWith(u"The plug-in's Info.lua cannot be read: "));
-    writeFile(folder + u"/Info.lua"_s, "return {");
-    EXPECT_TRUE(load().startsWith(u"The plug-in's Info.lua cannot be read: Info.lua:1:"));
-    writeFile(folder + u"/Info.lua"_s, "return {}");
-    EXPECT_EQ(load(), u"The plug-in's Info.lua does not name the plug-in."_s);
-    writeFile(folder + u"/Info.lua"_s, "return { LrToolkitIdentifier = 'x', LrPluginName = 'X', LrInitPlugin "
-                                       "= 'I.lua', LrForceInitPlugin = true }");
-    EXPECT_TRUE(load().startsWith(u"The plug-in's I.lua cannot be read: "));
-    writeFile(folder + u"/I.lua"_s, "error('broken', 0)");
-    EXPECT_EQ(load(), u"The plug-in's I.lua failed: broken"_s);
+    const std::tuple<const char *, const char *, const char *> rows[] = {
+        {"readme.txt", "", "Info.lua cannot be read: "},
+        {"Info.lua", "return {", "Info.lua cannot be read: Info.lua:1:"},
+        {"Info.lua", "return {}", "Info.lua does not name the plug-in."},
+        {"Info.lua",
+         "return { LrToolkitIdentifier = 'x', LrPluginName = 'X', LrInitPlugin = 'I.lua', LrForceInitPlugin "
+         "= true }",
+         "I.lua cannot be read: "},
+        {"I.lua", "error('broken', 0)", "I.lua failed: broken"},
+    };
+    for (const auto &[file, content, sentence] : rows) {
+        writeFile(folder + u'/' + QLatin1StringView(file), content);
+        EXPECT_TRUE(load().startsWith(u"The plug-in's "_s + QLatin1StringView(sentence))) << sentence;
+    }
 }
