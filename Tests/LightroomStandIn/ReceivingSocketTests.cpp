@@ -48,11 +48,7 @@ struct Listener
 bool connects(QTcpSocket &client, quint16 port)
 {
     client.connectToHost(QHostAddress::LocalHost, port);
-    (void)waitUntil([&] {
-        return client.state() == QAbstractSocket::ConnectedState ||
-               client.state() == QAbstractSocket::UnconnectedState;
-    });
-    return client.state() == QAbstractSocket::ConnectedState;
+    return client.waitForConnected();
 }
 
 bool anotherConnects(quint16 port)

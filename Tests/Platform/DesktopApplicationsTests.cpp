@@ -105,12 +105,6 @@ TEST_F(DesktopApplicationsTest, showTheFolderOrItsNearestParentSelectedInTheFile
         EXPECT_EQ(m_fileManager.shown, QStringList(url)) << asked.toStdString();
         m_fileManager.shown.clear();
     }
-
-    // The first folder that is opened is the one that no file manager shows.
-    setAnswer(Answer::none);
-    applications.reveal(odd);
-    EXPECT_TRUE(waitUntil([this] { return opened().endsWith(u'\n'); }));
-    EXPECT_EQ(opened(), m_folder.path() + u'\n');
 }
 
 TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAnswers)

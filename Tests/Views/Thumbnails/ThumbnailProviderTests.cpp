@@ -139,6 +139,12 @@ TEST_F(ThumbnailProviderTest, decodesAgainOnlyWhenTheFileHasChanged)
     photo(u"a.jpg"_s, "xy"_ba);
     EXPECT_FALSE(Request(*provider, path).picture().isNull());
     EXPECT_EQ(decoder.paths(), (QStringList{path, path}));
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::ReadWrite));
+    EXPECT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(1), QFile::FileModificationTime));
+    EXPECT_FALSE(Request(*provider, path).picture().isNull());
+    EXPECT_EQ(decoder.paths().size(), 3);
 }
 
 TEST_F(ThumbnailProviderTest, dropsWhatIsCancelledBeforeItsTurn)
