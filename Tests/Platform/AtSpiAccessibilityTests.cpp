@@ -160,12 +160,12 @@ TEST(AtSpiWithoutABus, showsNothingAndDoesNothing)
     EXPECT_FALSE(waitForTask(accessibility.setValue(u":1.1/a"_s, 1)));
 }
 
-class UnusualTrees : public testing::Test
+TEST(UnusualTrees, areWalkedToTheirEndOrToTheLimits)
 {
-protected:
-    QList<int> idsOf(const FabricatedAccessibleTree::Children &children, qsizetype limit,
-                     std::chrono::seconds time)
-    {
+    AccessibilityBus bus;
+    AccessibilityBus otherBus; // of the program that is walked
+    const auto idsOf = [&](const FabricatedAccessibleTree::Children &children, qsizetype limit,
+                           std::chrono::seconds time) {
         const FabricatedAccessibleTree fabricated(waitForTask(otherBus.connection()), children);
         QList<int> ids;
         for (const AccessibilityElement &element :
@@ -173,14 +173,8 @@ protected:
             ids.append(element.id.section(u'/', -1).toInt());
         }
         return ids;
-    }
+    };
 
-    AccessibilityBus bus;
-    AccessibilityBus otherBus; ///< of the program that is walked
-};
-
-TEST_F(UnusualTrees, areWalkedToTheirEndOrToTheLimits)
-{
     const auto cycle = [](int element) { return QList<int>{(element + 1) % 3, element, 0}; };
     EXPECT_EQ(idsOf(cycle, Accessibility::unlimited, 10s), (QList<int>{0, 1, 2}));
 

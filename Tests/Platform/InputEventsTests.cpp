@@ -3,7 +3,6 @@
 #include "Platform/KeyboardWitness.h"
 #include "Support/WaitForTask.h"
 
-#include <QCoroFuture>
 #include <QCoroTimer>
 #include <QProcess>
 
@@ -33,27 +32,11 @@ QCoro::Task<> settledAtOnce()
     co_return;
 }
 
-QCoro::Task<> wait(QFuture<void> end)
+/// Not before the event loop turns.
+QCoro::Task<> settledSoon()
 {
-    co_await end;
+    co_await QCoro::sleepFor(1ms);
 }
-
-/// A program that does not settle until the test lets it.
-class PendingSettling
-{
-public:
-    PendingSettling() { m_end.start(); }
-
-    [[nodiscard]] XTestInputEvents::Settled settled() const
-    {
-        return [end = m_end.future()] { return wait(end); };
-    }
-
-    void end() { m_end.finish(); }
-
-private:
-    QPromise<void> m_end;
-};
 
 class InputEventsOnWitness : public testing::Test
 {
@@ -186,13 +169,11 @@ TEST_F(InputEventsOnWitness, aClickMovesThePointerFirst)
 TEST_F(InputEventsOnWitness, anEndInTheMiddleOfATypingPutsTheMapBack)
 {
     const auto map = m_witness.map();
-    PendingSettling settling;
-    auto input = std::make_unique<XTestInputEvents>(m_connection, settling.settled());
+    auto input = std::make_unique<XTestInputEvents>(m_connection, settledSoon);
     auto typing = input->postText(u"中a"_s);
     EXPECT_NE(m_witness.map(), map);
     input.reset();
     EXPECT_EQ(m_witness.map(), map);
-    settling.end();
     waitForTask(std::move(typing));
     EXPECT_THAT(m_witness.takeEvents(), ElementsAre());
 }
@@ -203,17 +184,15 @@ TEST_F(InputEventsOnWitness, twoProcessesBorrowDifferentKeycodes)
     const auto map = m_witness.map();
     const auto borrowedKeysyms = [&] { return m_witness.map().count(ideograph); };
     const X11Connection otherConnection;
-    PendingSettling settling;
-    XTestInputEvents other(otherConnection, settling.settled());
+    XTestInputEvents other(otherConnection, settledSoon);
     {
-        XTestInputEvents input(m_connection, settling.settled());
+        XTestInputEvents input(m_connection, settledSoon);
         [[maybe_unused]] const auto typing = input.postText(u"中"_s);
         const auto ofOne = borrowedKeysyms();
         [[maybe_unused]] const auto otherTyping = other.postText(u"中"_s);
         EXPECT_EQ(borrowedKeysyms(), 2 * ofOne);
     }
     EXPECT_GT(borrowedKeysyms(), 0);
-    settling.end();
     EXPECT_TRUE(waitUntil([&] { return m_witness.map() == map; }));
 }
 
@@ -256,7 +235,7 @@ TEST(InputEventsWithoutServer, endQuietly)
     waitForTask(nowhere.postClick({1, 1}));
 
     ASSERT_TRUE(connection.isOpen());
-    XTestInputEvents input(connection, [] { return QCoro::sleepFor(1ms); });
+    XTestInputEvents input(connection, settledSoon);
     auto typing = input.postText(u"中"_s.repeated(1'000'000));
     server.kill();
     ASSERT_TRUE(waitUntil([&] { return server.state() == QProcess::NotRunning; }));
