@@ -105,6 +105,12 @@ TEST_F(DesktopApplicationsTest, showTheFolderOrItsNearestParentSelectedInTheFile
         EXPECT_EQ(m_fileManager.shown, QStringList(url)) << asked.toStdString();
         m_fileManager.shown.clear();
     }
+
+    // The first folder that is opened is the one that no file manager shows.
+    setAnswer(Answer::none);
+    applications.reveal(odd);
+    EXPECT_TRUE(waitUntil([this] { return opened().endsWith(u'\n'); }));
+    EXPECT_EQ(opened(), m_folder.path() + u'\n');
 }
 
 TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAnswers)
@@ -118,15 +124,13 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
     qunsetenv("DISPLAY");
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path() + u"/none"));
 
-    struct Row
+    const struct
     {
         const char *name;
         DesktopApplications::SessionBus bus;
         Answer answer;
         bool isWaitedFor;
-    };
-
-    const std::vector<Row> rows{
+    } rows[] = {
         {"no bus", &QDBusConnection::sessionBus, Answer::none, false},
         {"no file manager", m_client, Answer::none, false},
         {"a file manager that fails", m_client, Answer::error, false},
@@ -134,9 +138,10 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
         {"a bus that hangs", connectToHangingBus, Answer::none,
          true}, // last: it keeps the thread in which all buses are connected
     };
+
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
         setAnswer(row.answer);
         QFile::remove(m_folder.filePath(u"xdg-open.log"_s));

@@ -33,7 +33,7 @@ QByteArray rendered(const QString &text)
     return samples;
 }
 
-constexpr qsizetype bytesPerSecond = 16'000 * 2;
+constexpr auto bytesPerSecond = qsizetype{16'000} * 2;
 
 /// How loud each twentieth of a second is; no two renderings of a text are alike in every sample.
 std::vector<double> envelope(const QByteArray &samples)

@@ -11,6 +11,7 @@
 #include <X11/keysym.h>
 
 #include <csignal>
+#include <memory>
 
 using namespace KelvaLR;
 using namespace KelvaLR::Testing;
@@ -184,12 +185,12 @@ TEST_F(InputEventsOnWitness, twoProcessesBorrowDifferentKeycodes)
     const auto map = m_witness.map();
     const auto borrowedKeysyms = [&] { return m_witness.map().count(ideograph); };
     const X11Connection otherConnection;
-    XTestInputEvents other(otherConnection, settledSoon);
+    const auto other = std::make_unique<XTestInputEvents>(otherConnection, settledSoon);
     {
-        XTestInputEvents input(m_connection, settledSoon);
-        [[maybe_unused]] const auto typing = input.postText(u"中"_s);
+        const auto input = std::make_unique<XTestInputEvents>(m_connection, settledSoon);
+        [[maybe_unused]] const auto typing = input->postText(u"中"_s);
         const auto ofOne = borrowedKeysyms();
-        [[maybe_unused]] const auto otherTyping = other.postText(u"中"_s);
+        [[maybe_unused]] const auto otherTyping = other->postText(u"中"_s);
         EXPECT_EQ(borrowedKeysyms(), 2 * ofOne);
     }
     EXPECT_GT(borrowedKeysyms(), 0);
@@ -209,7 +210,7 @@ TEST_F(InputEventsOnWitness, aProgramThatASignalEndsLeavesTheMapAsItWas)
         ASSERT_TRUE(waitUntil([&] { return program.state() == QProcess::NotRunning; }));
         if (signal == SIGKILL) {
             EXPECT_NE(m_witness.map(), map);
-            const XTestInputEvents next(m_connection, settledAtOnce);
+            const auto next = std::make_unique<XTestInputEvents>(m_connection, settledAtOnce);
         }
         EXPECT_EQ(m_witness.map(), map);
         EXPECT_FALSE(m_connection.items(m_connection.root(), "_KELVALR_BORROWED_KEYCODES"));
@@ -229,18 +230,18 @@ TEST(InputEventsWithoutServer, endQuietly)
     const X11Connection connection;
     qputenv("DISPLAY", display);
 
-    XTestInputEvents nowhere(none, settledAtOnce);
-    waitForTask(nowhere.postKey(keyReturn, {}));
-    waitForTask(nowhere.postText(u"中"_s));
-    waitForTask(nowhere.postClick({1, 1}));
+    const auto nowhere = std::make_unique<XTestInputEvents>(none, settledAtOnce);
+    waitForTask(nowhere->postKey(keyReturn, {}));
+    waitForTask(nowhere->postText(u"中"_s));
+    waitForTask(nowhere->postClick({1, 1}));
 
     ASSERT_TRUE(connection.isOpen());
-    XTestInputEvents input(connection, settledSoon);
-    auto typing = input.postText(u"中"_s.repeated(1'000'000));
+    const auto input = std::make_unique<XTestInputEvents>(connection, settledSoon);
+    auto typing = input->postText(u"中"_s.repeated(1'000'000));
     server.kill();
     ASSERT_TRUE(waitUntil([&] { return server.state() == QProcess::NotRunning; }));
     waitForTask(std::move(typing));
-    waitForTask(input.postKey(keyReturn, {}));
+    waitForTask(input->postKey(keyReturn, {}));
 }
 
 } // namespace

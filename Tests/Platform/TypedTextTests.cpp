@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 using namespace KelvaLR;
 using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
@@ -38,12 +40,12 @@ TEST(TypedText, arrivesWholeAndInOrder)
     ASSERT_TRUE(
         waitUntil([&] { return connection.items(connection.root(), "_NET_ACTIVE_WINDOW") == active; }));
     WindowPing ping;
-    XTestInputEvents input(connection, [&ping] { return ping.answered(); });
+    const auto input = std::make_unique<XTestInputEvents>(connection, [&ping] { return ping.answered(); });
     for (const QString &text :
          {u"Café 中 😀 e\u0301"_s, u"ß € İ ı \"'`´ «» \\ / ~^"_s, u"\tone\n\ttwo\n"_s, u"ABC abc {}[]|!?"_s,
           ideographs(3000), u"The quick brown Fox\n"_s.repeated(500)}) {
         editor.clear();
-        waitForTask(input.postText(text), 50s);
+        waitForTask(input->postText(text), 50s);
         EXPECT_TRUE(waitUntil([&] { return editor.toPlainText() == text; }, 2s))
             << editor.toPlainText().toStdString();
     }
