@@ -44,14 +44,6 @@ TEST(PhotoRenderer, leavesAnUntouchedPhotoAsItIs)
 
 TEST(PhotoRenderer, showsWhatEachSettingDoes)
 {
-    struct Row
-    {
-        const char *property;
-        const char *value;
-        QColor before;
-        std::function<bool(QColor after, QColor before)> isAsExpected;
-    };
-
     const QColor middle(110, 120, 130);
     const QColor dark(30, 32, 34);
     const QColor bright(205, 210, 215);
@@ -70,7 +62,14 @@ TEST(PhotoRenderer, showsWhatEachSettingDoes)
     const auto magenta = [](QColor after, QColor before) { return after.green() < before.green(); };
     const auto grey = [](QColor after, QColor) { return spread(after) == 0; };
     const auto richer = [](QColor after, QColor before) { return spread(after) > spread(before) + 5; };
-    const std::vector<Row> rows{
+
+    const struct
+    {
+        const char *property;
+        const char *value;
+        QColor before;
+        std::function<bool(QColor after, QColor before)> isAsExpected;
+    } rows[] = {
         {"Exposure2012", "+1.00", middle, brighter},
         {"Exposure2012", "-1.00", middle, darker},
         {"Contrast2012", "+50", dark, darker},
@@ -89,7 +88,8 @@ TEST(PhotoRenderer, showsWhatEachSettingDoes)
         {"Vibrance", "+80", middle, richer},
         {"ConvertToGrayscale", "True", colourful, grey},
     };
-    for (const Row &row : rows) {
+
+    for (const auto &row : rows) {
         const QImage after = developed(plain(row.before), lookOf(row.property, row.value));
         EXPECT_TRUE(row.isAsExpected(after.pixelColor(32, 24), row.before))
             << row.property << " " << row.value << ": " << after.pixelColor(32, 24).name().toStdString();

@@ -68,6 +68,16 @@ private:
     QByteArray m_output;
 };
 
+/// The program ends with one sentence that begins so.
+void expectRefusal(Program &&program, const QString &sentence)
+{
+    EXPECT_EQ(program.finish(), 1);
+    const QString said = QString::fromUtf8(program.errors());
+    EXPECT_TRUE(said.startsWith(sentence)) << said.toStdString();
+    EXPECT_EQ(said.count(u'\n'), 1) << said.toStdString();
+    EXPECT_EQ(program.output(), QByteArray());
+}
+
 /// Folders that the stand-in can serve.
 struct Folders
 {
@@ -99,39 +109,29 @@ TEST(Program, saysInOneSentenceWhyItCannotStart)
     const QString bare = folders.directory.filePath(u"bare"_s);
     QDir().mkpath(bare);
 
-    struct Row
-    {
-        QStringList arguments;
-        QString sentence;
-    };
-
-    const std::vector<Row> rows{
+    const QStringList served{u"--headless"_s, u"--photos"_s, folders.photos};
+    const std::pair<QStringList, QString> rows[] = {
         {{u"--photos"_s, folders.photos}, u"There is no display for the window; run with --headless."_s},
-        {{u"--headless"_s, u"--without-plugin-start"_s, u"--photos"_s, folders.photos},
+        {served + QStringList{u"--without-plugin-start"_s},
          u"--without-plugin-start needs a window: leave out --headless."_s},
         {{u"--headless"_s}, u"Name the folder with the photos: --photos DIR."_s},
         {{u"--headless"_s, u"--photos"_s, u"/no/such"_s}, u"There is no photo folder \"/no/such\"."_s},
         {{u"--headless"_s, u"--photos"_s, folders.photos + u"/a.jpg"},
          u"\"%1/a.jpg\" cannot be read as a photo folder."_s.arg(folders.photos)},
-        {{u"--headless"_s, u"--photos"_s, folders.photos, u"--presets"_s, u"/no/such"_s},
+        {served + QStringList{u"--presets"_s, u"/no/such"_s},
          u"\"/no/such\" cannot be read as a preset folder."_s},
-        {{u"--headless"_s, u"--photos"_s, folders.photos, u"--presets"_s, broken},
+        {served + QStringList{u"--presets"_s, broken},
          u"The preset \"%1/bad.xmp\" cannot be read: "_s.arg(broken)},
-        {{u"--headless"_s, u"--photos"_s, folders.photos, u"--modules"_s, bare},
+        {served + QStringList{u"--modules"_s, bare},
          u"There is no plug-in at \"%1/KelvaLR.lrplugin\"; run \"kelvalr --install-plugin\" first."_s.arg(
              bare)},
-        {{u"--headless"_s, u"--photos"_s, folders.photos},
+        {served,
          u"There is no plug-in at \"/nonexistent/Library/Application Support/Adobe/Lightroom/Modules/KelvaLR.lrplugin\""_s},
         {{u"--loud"_s}, u"Unknown option 'loud'."_s},
         {{u"--headless"_s, u"extra"_s}, u"Unexpected argument \"extra\"."_s},
     };
-    for (const Row &row : rows) {
-        Program program(row.arguments);
-        EXPECT_EQ(program.finish(), 1);
-        const QString said = QString::fromUtf8(program.errors());
-        EXPECT_TRUE(said.startsWith(row.sentence)) << said.toStdString();
-        EXPECT_EQ(said.count(u'\n'), 1) << said.toStdString();
-        EXPECT_EQ(program.output(), QByteArray());
+    for (const auto &[arguments, sentence] : rows) {
+        expectRefusal(Program(arguments), sentence);
     }
 }
 
@@ -141,13 +141,7 @@ TEST(Program, servesUntilItIsTerminated)
     Program program(folders.arguments());
     ASSERT_TRUE(program.waitForLines({"ready"})) << program.errors().toStdString();
 
-    Program second(folders.arguments());
-    EXPECT_EQ(second.finish(), 1);
-    const QByteArray said = second.errors();
-    EXPECT_TRUE(said.startsWith("The plug-in cannot listen on port 54321: ")) << said.toStdString();
-    EXPECT_EQ(said.count('\n'), 1);
-    EXPECT_EQ(second.output(), QByteArray());
-
+    expectRefusal(Program(folders.arguments()), u"The plug-in cannot listen on port 54321: "_s);
     ASSERT_TRUE(sendToPlugin(R"({"request_id":"PROGRAM","action":"ping"})"
                              "\n"));
     EXPECT_TRUE(waitUntil([] { return readFile(replyPath(u"PROGRAM"_s)).endsWith('\n'); }));
@@ -163,25 +157,18 @@ TEST(Program, saysWhenItsWindowIsUp)
     const Folders folders;
     const QString bare = folders.directory.filePath(u"bare"_s);
 
-    struct Row
-    {
-        QStringList arguments;
-        QByteArrayList lines;
-        QByteArray complaint;
-    };
-
-    const std::vector<Row> rows{
+    const std::tuple<QStringList, QByteArrayList, QByteArray> rows[] = {
         {{u"--modules"_s, folders.modules}, {"window", "ready"}, ""},
         {{u"--modules"_s, folders.modules, u"--without-plugin-start"_s}, {"window"}, ""},
         {{u"--modules"_s, bare}, {"window"}, "There is no plug-in at "},
     };
-    for (const Row &row : rows) {
-        Program program(QStringList{u"--photos"_s, folders.photos} + row.arguments, u"offscreen"_s);
-        EXPECT_TRUE(program.waitForLines(row.lines)) << program.output().toStdString();
+    for (const auto &[arguments, lines, complaint] : rows) {
+        Program program(QStringList{u"--photos"_s, folders.photos} + arguments, u"offscreen"_s);
+        EXPECT_TRUE(program.waitForLines(lines)) << program.output().toStdString();
         program.terminate();
         EXPECT_EQ(program.finish(), 0);
-        EXPECT_EQ(program.output().count('\n'), row.lines.size());
-        EXPECT_TRUE(program.errors().contains(row.complaint)); // beside what the toolkit has to say
+        EXPECT_EQ(program.output().count('\n'), lines.size());
+        EXPECT_TRUE(program.errors().contains(complaint)); // beside what the toolkit has to say
     }
 }
 
@@ -202,7 +189,5 @@ TEST(Program, paintsSamplePhotosOnlyWhereThereAreNone)
     EXPECT_EQ(again.finish(), 0);
     EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 5);
 
-    Program refused({u"--sample-photos"_s, folder + u'/' + names.last()});
-    EXPECT_EQ(refused.finish(), 1);
-    EXPECT_EQ(refused.errors().count('\n'), 1);
+    expectRefusal(Program({u"--sample-photos"_s, folder + u'/' + names.last()}), {});
 }

@@ -37,25 +37,18 @@ public:
     /// What was said until "end"; also the error of the init script, if it has one.
     QStringList run()
     {
-        load();
+        if (const auto loaded = m_host.load(); !loaded) {
+            m_said.append(loaded.error());
+        }
         EXPECT_TRUE(waitUntil([this] { return m_said.contains(u"end"_s); }))
             << m_said.join(u"; ").toStdString();
         m_said.removeAll(u"end"_s);
         return m_said;
     }
 
-    void load()
-    {
-        if (const auto loaded = m_host.load(); !loaded) {
-            m_said.append(loaded.error());
-        }
-    }
-
     [[nodiscard]] const QStringList &said() const { return m_said; }
 
     [[nodiscard]] quint16 port() const { return m_port; }
-
-    [[nodiscard]] QString sidecar() const { return m_directory.filePath(u"photos/a.xmp"_s); }
 
 private:
     static constexpr auto prelude = R"(
@@ -90,130 +83,114 @@ const auto cannotYield = u"attempt to yield across metamethod/C-call boundary"_s
 
 } // namespace
 
-TEST(Sdk, doesNotYieldAcrossAPlainPcallOrOutsideATask)
+TEST(Sdk, behavesAsLightrooms)
 {
-    EXPECT_EQ(Script(R"(
-        say(pcall(function() return catalog:getTargetPhoto() end))
-        task(function()
-            say(pcall(function() return catalog:getTargetPhoto() end))
-            say(LrTasks.canYield(), LrTasks.pcall(function(...) LrTasks.yield() return ... end, 1, nil, "x"))
-            say(LrTasks.pcall(function() LrTasks.sleep(0.01) error("late", 0) end))
-            say(LrTasks.pcall(LrTasks.pcall, function() LrTasks.yield() error("inner", 0) end))
-            say("end")
-        end)
-    )")
-                  .run(),
-              QStringList({u"false "_s + cannotYield, u"false "_s + cannotYield, u"true true 1 nil x"_s,
-                           u"false late"_s, u"true false inner"_s}));
-}
-
-TEST(Sdk, runsTasksSideBySideAndReportsTheirErrors)
-{
-    EXPECT_EQ(Script(R"(
-        task(function() say("a1") LrTasks.yield() say("a2") LrTasks.sleep(0.2) say("end") end)
-        task(function() say("b1") LrTasks.yield() say("b2") error("broken", 0) end)
-        say("script")
-    )")
-                  .run(),
-              QStringList({u"script"_s, u"a1"_s, u"b1"_s, u"a2"_s, u"b2"_s, u"failed: broken"_s}));
-}
-
-TEST(Sdk, cleansUpAfterAFunctionContext)
-{
-    EXPECT_EQ(
-        Script(R"(
-        task(function()
-            say(LrFunctionContext.callWithContext("ok", function(context, ...)
-                context:addCleanupHandler(function(...) say("first", ...) end)
-                context:addCleanupHandler(function() LrTasks.yield() say("second") end)
-                LrTasks.yield()
-                return ...
-            end, 7))
-            say(LrTasks.pcall(LrFunctionContext.callWithContext, "bad", function(context)
-                context:addCleanupHandler(function(ok, problem) say("cleanup", ok, problem) end)
-                error("broken", 0)
-            end))
-            say("end")
-        end)
-    )")
-            .run(),
-        QStringList({u"second"_s, u"first true 7"_s, u"7"_s, u"cleanup false broken"_s, u"false broken"_s}));
-}
-
-TEST(Sdk, changesTheCatalogOnlyInsideAWriteGate)
-{
-    Script script(R"(
-        task(function()
-            local photo = catalog:getTargetPhoto()
-            local function outside() photo:setRawMetadata("rating", 3) end
-            say(LrTasks.pcall(outside))
-            say(LrTasks.pcall(function() photo:applyDevelopSettings({ Tint = 3 }) end))
-            say(LrTasks.pcall(function() catalog:addPhoto("/x.jpg") end))
-            say(catalog:withWriteAccessDo("outer", function()
-                photo:setRawMetadata("rating", 2)
-                say(photo:getRawMetadata("rating"))
-                task(function() say("other", LrTasks.pcall(outside)) end)
-                say(LrTasks.pcall(function() catalog:withWriteAccessDo("inner", outside) end))
-                say(catalog:withWriteAccessDo("inner", outside, { timeout = 0.1 }))
-            end))
-            say(LrTasks.pcall(function()
-                catalog:withWriteAccessDo("undone", function() photo:setRawMetadata("rating", 5) error("oh", 0) end)
-            end))
-            say(photo:getRawMetadata("rating"))
-            say("end")
-        end)
-    )");
-    const auto refused = [](const QString &call) {
+    const auto outside = [](const QString &call) {
         return u"false Lr%1: must be called inside LrCatalog:withWriteAccessDo."_s.arg(call);
     };
-    EXPECT_EQ(script.run(),
-              QStringList(
-                  {refused(u"Photo:setRawMetadata"_s), refused(u"Photo:applyDevelopSettings"_s),
-                   refused(u"Catalog:addPhoto"_s), u"2"_s,
-                   u"false LrCatalog:withWriteAccessDo: could not execute action 'inner'. It was blocked by "
-                   "another write access call, and no timeout parameters were provided."_s,
-                   u"other "_s + refused(u"Photo:setRawMetadata"_s), u"aborted"_s, u"executed"_s,
-                   u"false oh"_s, u"2"_s}));
-    EXPECT_EQ(xmpText(script.sidecar(), "Xmp.xmp.Rating"), u"2"_s);
-}
 
-TEST(Sdk, letsAWaitingTaskThroughTheGateOnceItIsFree)
-{
-    EXPECT_EQ(Script(R"(
-        task(function() catalog:withWriteAccessDo("one", function() LrTasks.sleep(0.2) say("one") end) end)
-        task(function()
-            say(catalog:withWriteAccessDo("two", function() say("two") end, { timeout = 5 }))
-            say("end")
-        end)
-    )")
-                  .run(),
-              QStringList({u"one"_s, u"two"_s, u"executed"_s}));
-}
+    const struct
+    {
+        const char *behaviour;
+        QByteArray script;
+        QStringList said;
+    } rows[] = {
+        {"nothing yields across a plain pcall or outside a task",
+         R"(
+            say(pcall(function() return catalog:getTargetPhoto() end))
+            task(function()
+                say(pcall(function() return catalog:getTargetPhoto() end))
+                say(LrTasks.canYield(), LrTasks.pcall(function(...) LrTasks.yield() return ... end, 1, nil, "x"))
+                say(LrTasks.pcall(function() LrTasks.sleep(0.01) error("late", 0) end))
+                say(LrTasks.pcall(LrTasks.pcall, function() LrTasks.yield() error("inner", 0) end))
+                say("end")
+            end))",
+         {u"false "_s + cannotYield, u"false "_s + cannotYield, u"true true 1 nil x"_s, u"false late"_s,
+          u"true false inner"_s}},
+        {"tasks run side by side, and their errors are reported",
+         R"(
+            task(function() say("a1") LrTasks.yield() say("a2") LrTasks.sleep(0.2) say("end") end)
+            task(function() say("b1") LrTasks.yield() say("b2") error("broken", 0) end)
+            say("script"))",
+         {u"script"_s, u"a1"_s, u"b1"_s, u"a2"_s, u"b2"_s, u"failed: broken"_s}},
+        {"a function context is cleaned up",
+         R"(
+            task(function()
+                say(LrFunctionContext.callWithContext("ok", function(context, ...)
+                    context:addCleanupHandler(function(...) say("first", ...) end)
+                    context:addCleanupHandler(function() LrTasks.yield() say("second") end)
+                    LrTasks.yield()
+                    return ...
+                end, 7))
+                say(LrTasks.pcall(LrFunctionContext.callWithContext, "bad", function(context)
+                    context:addCleanupHandler(function(ok, problem) say("cleanup", ok, problem) end)
+                    error("broken", 0)
+                end))
+                say("end")
+            end))",
+         {u"second"_s, u"first true 7"_s, u"7"_s, u"cleanup false broken"_s, u"false broken"_s}},
+        {"the catalog is changed only inside a write gate",
+         R"(
+            task(function()
+                local photo = catalog:getTargetPhoto()
+                local function outside() photo:setRawMetadata("rating", 3) end
+                say(LrTasks.pcall(outside))
+                say(LrTasks.pcall(function() photo:applyDevelopSettings({ Tint = 3 }) end))
+                say(LrTasks.pcall(function() catalog:addPhoto("/x.jpg") end))
+                say(catalog:withWriteAccessDo("outer", function()
+                    photo:setRawMetadata("rating", 2)
+                    say(photo:getRawMetadata("rating"))
+                    task(function() say("other", LrTasks.pcall(outside)) end)
+                    say(LrTasks.pcall(function() catalog:withWriteAccessDo("inner", outside) end))
+                    say(catalog:withWriteAccessDo("inner", outside, { timeout = 0.1 }))
+                end))
+                say(LrTasks.pcall(function()
+                    catalog:withWriteAccessDo("undone", function() photo:setRawMetadata("rating", 5) error("oh", 0) end)
+                end))
+                say(photo:getRawMetadata("rating"))
+                say("end")
+            end))",
+         {outside(u"Photo:setRawMetadata"_s), outside(u"Photo:applyDevelopSettings"_s),
+          outside(u"Catalog:addPhoto"_s), u"2"_s,
+          u"false LrCatalog:withWriteAccessDo: could not execute action 'inner'. It was blocked by another "
+          u"write "
+          "access call, and no timeout parameters were provided."_s,
+          u"other "_s + outside(u"Photo:setRawMetadata"_s), u"aborted"_s, u"executed"_s, u"false oh"_s,
+          u"2"_s}},
+        {"a waiting task comes through the gate once it is free",
+         R"(
+            task(function() catalog:withWriteAccessDo("one", function() LrTasks.sleep(0.2) say("one") end) end)
+            task(function()
+                say(catalog:withWriteAccessDo("two", function() say("two") end, { timeout = 5 }))
+                say("end")
+            end))",
+         {u"one"_s, u"two"_s, u"executed"_s}},
+        {"what is not modelled is refused by name",
+         R"(
+            local function words(_, problem) return (problem:gsub("^.-:%d+: ", "")) end
+            say(words(pcall(import, "LrHttp")))
+            say(words(pcall(import, "WriteGate")))
+            say(words(pcall(function() return LrTasks.execute("ls") end)))
+            say(words(pcall(function() return catalog:createCollection("x") end)))
+            say(words(pcall(function() return _PLUGIN.enabled end)))
+            say(coroutine, debug, require)
+            task(function()
+                say(words(LrTasks.pcall(function() return catalog:getTargetPhoto():getRawMetadata("gps") end)))
+                say(words(LrTasks.pcall(LrSocket.bind, { mode = "send" })))
+                say("end")
+            end))",
+         {u"The SDK module LrHttp is not modelled by the stand-in."_s,
+          u"The SDK module WriteGate is not modelled by the stand-in."_s,
+          u"LrTasks.execute is not modelled by the stand-in."_s,
+          u"LrCatalog object.createCollection is not modelled by the stand-in."_s,
+          u"_PLUGIN.enabled is not modelled by the stand-in."_s, u"nil nil nil"_s,
+          u"LrPhoto:getRawMetadata: the key gps is not modelled by the stand-in."_s,
+          u"LrSocket.bind: only the mode \"receive\" is modelled by the stand-in."_s}},
+    };
 
-TEST(Sdk, refusesByNameWhatIsNotModelled)
-{
-    EXPECT_EQ(Script(R"(
-        local function words(_, problem) return (problem:gsub("^.-:%d+: ", "")) end
-        say(words(pcall(import, "LrHttp")))
-        say(words(pcall(import, "WriteGate")))
-        say(words(pcall(function() return LrTasks.execute("ls") end)))
-        say(words(pcall(function() return catalog:createCollection("x") end)))
-        say(words(pcall(function() return _PLUGIN.enabled end)))
-        say(coroutine, debug, require)
-        task(function()
-            say(words(LrTasks.pcall(function() return catalog:getTargetPhoto():getRawMetadata("gps") end)))
-            say(words(LrTasks.pcall(LrSocket.bind, { mode = "send" })))
-            say("end")
-        end)
-    )")
-                  .run(),
-              QStringList({u"The SDK module LrHttp is not modelled by the stand-in."_s,
-                           u"The SDK module WriteGate is not modelled by the stand-in."_s,
-                           u"LrTasks.execute is not modelled by the stand-in."_s,
-                           u"LrCatalog object.createCollection is not modelled by the stand-in."_s,
-                           u"_PLUGIN.enabled is not modelled by the stand-in."_s, u"nil nil nil"_s,
-                           u"LrPhoto:getRawMetadata: the key gps is not modelled by the stand-in."_s,
-                           u"LrSocket.bind: only the mode \"receive\" is modelled by the stand-in."_s}));
+    for (const auto &row : rows) {
+        EXPECT_EQ(Script(row.script).run(), row.said) << row.behaviour;
+    }
 }
 
 TEST(Sdk, startsAFreshEnvironmentWhenThePluginIsReloaded)
@@ -272,15 +249,18 @@ TEST(Sdk, saysWhatIsWrongWithAPlugin)
 
     EXPECT_EQ(load(),
               u"There is no plug-in at \"%1\"; run \"kelvalr --install-plugin\" first."_s.arg(folder));
-    writeFile(folder + u"/readme.txt"_s);
-    EXPECT_TRUE(load().startsWith(u"The plug-in's Info.lua cannot be read: "));
-    writeFile(folder + u"/Info.lua"_s, "return {");
-    EXPECT_TRUE(load().startsWith(u"The plug-in's Info.lua cannot be read: Info.lua:1:"));
-    writeFile(folder + u"/Info.lua"_s, "return {}");
-    EXPECT_EQ(load(), u"The plug-in's Info.lua does not name the plug-in."_s);
-    writeFile(folder + u"/Info.lua"_s, "return { LrToolkitIdentifier = 'x', LrPluginName = 'X', LrInitPlugin "
-                                       "= 'I.lua', LrForceInitPlugin = true }");
-    EXPECT_TRUE(load().startsWith(u"The plug-in's I.lua cannot be read: "));
-    writeFile(folder + u"/I.lua"_s, "error('broken', 0)");
-    EXPECT_EQ(load(), u"The plug-in's I.lua failed: broken"_s);
+    const std::tuple<const char *, const char *, const char *> rows[] = {
+        {"readme.txt", "", "Info.lua cannot be read: "},
+        {"Info.lua", "return {", "Info.lua cannot be read: Info.lua:1:"},
+        {"Info.lua", "return {}", "Info.lua does not name the plug-in."},
+        {"Info.lua",
+         "return { LrToolkitIdentifier = 'x', LrPluginName = 'X', LrInitPlugin = 'I.lua', LrForceInitPlugin "
+         "= true }",
+         "I.lua cannot be read: "},
+        {"I.lua", "error('broken', 0)", "I.lua failed: broken"},
+    };
+    for (const auto &[file, content, sentence] : rows) {
+        writeFile(folder + u'/' + QLatin1StringView(file), content);
+        EXPECT_TRUE(load().startsWith(u"The plug-in's "_s + QLatin1StringView(sentence))) << sentence;
+    }
 }

@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QProcess>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -30,11 +29,7 @@ constexpr auto pickKey = "Xmp.xmpDM.pick";
 class Window : public testing::Test
 {
 protected:
-    explicit Window(PluginStart start = PluginStart::whenFirstUsed)
-        : m_plugin({.photos = {u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s},
-                    .start = start,
-                    .shouldListen = start == PluginStart::asItsManifestSays})
-        , m_window(m_plugin.catalog(), m_plugin.host())
+    Window()
     {
         m_window.show();
         EXPECT_TRUE(waitUntil([this] { return m_window.isActiveWindow(); }));
@@ -60,6 +55,14 @@ protected:
         return waitUntil([&] { return kept(sidecar, key) == text; }, std::chrono::seconds(5));
     }
 
+    void choose(const QString &menuItem)
+    {
+        const auto actions = m_window.findChildren<QAction *>();
+        const auto action = std::ranges::find(actions, menuItem, &QAction::text);
+        ASSERT_NE(action, actions.end());
+        (*action)->trigger();
+    }
+
     template <typename Widget>
     [[nodiscard]] Widget &named(const QString &name)
     {
@@ -78,32 +81,17 @@ protected:
             labels, [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
     }
 
-    HostedPlugin m_plugin;
-    MainWindow m_window;
-};
-
-class WindowOfARunningPlugin : public Window
-{
-protected:
-    WindowOfARunningPlugin()
-        : Window(PluginStart::asItsManifestSays)
-    {
-    }
+    HostedPlugin m_plugin{{.photos = {u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s},
+                           .start = PluginStart::whenFirstUsed,
+                           .shouldListen = false}};
+    MainWindow m_window{m_plugin.catalog(), m_plugin.host()};
 };
 
 } // namespace
 
 TEST_F(Window, flagsAndRatesTheActivePhotoByKey)
 {
-    struct Row
-    {
-        QString key;
-        const char *property;
-        QString value;
-        QString answer;
-    };
-
-    const std::vector<Row> rows{
+    const std::tuple<QString, const char *, QString, QString> rows[] = {
         {u"p"_s, pickKey, u"1"_s, u"Set Flag to Pick"_s},
         {u"x"_s, pickKey, u"-1"_s, u"Set Flag to Reject"_s},
         {u"u"_s, pickKey, u"0"_s, u"Remove Flag"_s},
@@ -114,10 +102,10 @@ TEST_F(Window, flagsAndRatesTheActivePhotoByKey)
         {u"4"_s, ratingKey, u"4"_s, u"Set Rating to 4"_s},
         {u"0"_s, ratingKey, u"0"_s, u"Set Rating to None"_s},
     };
-    for (const Row &row : rows) {
-        press({row.key});
-        EXPECT_TRUE(comesToSay(u"a.xmp"_s, row.property, row.value)) << row.key.toStdString();
-        EXPECT_TRUE(isShown(row.answer)) << row.answer.toStdString();
+    for (const auto &[key, property, value, answer] : rows) {
+        press({key});
+        EXPECT_TRUE(comesToSay(u"a.xmp"_s, property, value)) << key.toStdString();
+        EXPECT_TRUE(isShown(answer)) << answer.toStdString();
     }
     EXPECT_FALSE(QFile::exists(m_plugin.photoPath(u"b.xmp"_s))); // selected, but not active
 }
@@ -164,7 +152,7 @@ TEST_F(Window, switchesTheModuleThatThePluginSees)
 
 TEST_F(Window, handsAssistiveTechnologyTheSettingsOwnValues)
 {
-    struct Row
+    const struct
     {
         QString label;
         double written;
@@ -172,15 +160,14 @@ TEST_F(Window, handsAssistiveTechnologyTheSettingsOwnValues)
         double highest;
         const char *property;
         QString text;
-    };
-
-    const std::vector<Row> rows{
+    } rows[] = {
         {u"Exposure"_s, 1.25, -5, 5, "Xmp.crs.Exposure2012", u"+1.25"_s},
         {u"Temp"_s, 7321, 2000, 50000, "Xmp.crs.Temperature", u"7321"_s},
         {u"Clarity"_s, -12, -100, 100, "Xmp.crs.Clarity2012", u"-12"_s},
         {u"Sharpening Amount"_s, 999, 0, 150, "Xmp.crs.Sharpness", u"150"_s},
     };
-    for (const Row &row : rows) {
+
+    for (const auto &row : rows) {
         QAccessibleInterface *element =
             QAccessible::queryAccessibleInterface(&named<DevelopSlider>(row.label));
         ASSERT_EQ(element->role(), QAccessible::Slider);
@@ -231,42 +218,30 @@ TEST_F(Window, selectsInTheFilmstripByClick)
     EXPECT_TRUE(isShown(u"b.jpg"_s));
 }
 
-TEST_F(Window, showsWhatAnotherProgramWrites)
+TEST_F(Window, showsWhatThePluginAndOtherProgramsDo)
 {
+    Catalog &catalog = m_plugin.catalog();
+    catalog.beginChanges();
+    catalog.change(1, {.develop = {{u"Exposure2012"_s, u"+1.50"_s}}});
+    ASSERT_TRUE(catalog.commitChanges());
+    EXPECT_EQ(named<DevelopSlider>(u"Exposure"_s).settingValue(), 1.5);
+
     ASSERT_TRUE(changeSidecar(m_plugin.photoPath(u"a.xmp"_s), {.develop = {{u"Tint"_s, u"+33"_s}}}));
     EXPECT_TRUE(waitUntil([this] { return named<DevelopSlider>(u"Tint"_s).settingValue() == 33; }));
 }
 
-TEST_F(Window, startsThePluginFromItsMenu)
+TEST_F(Window, startsThePluginFromItsMenuAndShowsWhatItSays)
 {
     EXPECT_EQ(m_plugin.host().state(), PluginState::loaded);
-    QSignalSpy listening(&m_plugin.host(), &PluginHost::listening);
-    for (QAction *action : m_window.findChildren<QAction *>()) {
-        if (action->text() == "KelvaLR Status"_L1) {
-            action->trigger();
-        }
-    }
-    EXPECT_TRUE(waitUntil([&] { return !listening.isEmpty(); }));
+    choose(u"KelvaLR Status"_s);
+    EXPECT_TRUE(waitUntil(
+        [this] { return isShown(u"The background assistant connection is active and running."_s); }));
     EXPECT_EQ(m_plugin.host().state(), PluginState::running);
-    EXPECT_TRUE(isShown(u"The background assistant connection is active and running."_s));
-}
-
-TEST_F(WindowOfARunningPlugin, showsWhatThePluginDoes)
-{
-    m_plugin.request({{u"action"_s, u"adjust_slider"_s},
-                      {u"slider"_s, u"exposure"_s},
-                      {u"value"_s, 1.5},
-                      {u"relative"_s, false}});
-    EXPECT_EQ(named<DevelopSlider>(u"Exposure"_s).settingValue(), 1.5);
 }
 
 TEST_F(Window, saysInThePluginManagerHowThePluginDoes)
 {
-    for (QAction *action : m_window.findChildren<QAction *>()) {
-        if (action->text() == "Plug-in Manager..."_L1) {
-            action->trigger();
-        }
-    }
+    choose(u"Plug-in Manager..."_s);
     const auto *dialog = m_window.findChild<QDialog *>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(dialog->windowTitle(), u"Lightroom Plug-in Manager"_s);

@@ -10,12 +10,11 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
-using Testing::waitUntil;
 
 const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString settings = u"org.freedesktop.portal.Settings"_s;
@@ -91,5 +90,3 @@ TEST_F(DesktopAppearanceTest, withoutAPreferenceOrAPortalThePaletteDecides)
 }
 
 } // namespace
-
-} // namespace KelvaLR

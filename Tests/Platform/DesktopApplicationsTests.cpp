@@ -13,13 +13,12 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using Testing::waitUntil;
+
+namespace {
 
 QString contents(const QString &path)
 {
@@ -125,15 +124,13 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
     qunsetenv("DISPLAY");
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path() + u"/none"));
 
-    struct Row
+    const struct
     {
         const char *name;
         DesktopApplications::SessionBus bus;
         Answer answer;
         bool isWaitedFor;
-    };
-
-    const std::vector<Row> rows{
+    } rows[] = {
         {"no bus", &QDBusConnection::sessionBus, Answer::none, false},
         {"no file manager", m_client, Answer::none, false},
         {"a file manager that fails", m_client, Answer::error, false},
@@ -141,9 +138,10 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
         {"a bus that hangs", connectToHangingBus, Answer::none,
          true}, // last: it keeps the thread in which all buses are connected
     };
+
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
         setAnswer(row.answer);
         QFile::remove(m_folder.filePath(u"xdg-open.log"_s));
@@ -163,5 +161,3 @@ TEST_F(DesktopApplicationsTest, openTheFolderAroundItQuietlyWhereNoFileManagerAn
 }
 
 } // namespace
-
-} // namespace KelvaLR

@@ -8,16 +8,14 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-using namespace Qt::StringLiterals;
-
-std::optional<DesktopEntry> parsedEntry(const QByteArray &lines, const QByteArray &end = {})
+std::optional<DesktopEntry> parsedEntry(const QByteArray &lines)
 {
-    const QByteArray text = "[Desktop Entry]\n" + lines + end;
-    return parsedDesktopEntry(text);
+    return parsedDesktopEntry(QByteArray("[Desktop Entry]\n" + lines));
 }
 
 TEST(DesktopEntry, isReadFromItsOwnGroupWithTheNameOfNoLanguage)
@@ -49,13 +47,7 @@ TEST(DesktopEntry, isReadFromItsOwnGroupWithTheNameOfNoLanguage)
 
 TEST(DesktopEntry, givesTheProgramAndItsArguments)
 {
-    struct Row
-    {
-        const char *exec; ///< as in the file
-        std::optional<QStringList> command;
-    };
-
-    const std::vector<Row> rows{
+    const std::pair<const char *, std::optional<QStringList>> rows[] = {
         {R"(gedit %U)", QStringList{u"gedit"_s}},
         {R"(  app   a	b  )", QStringList{u"app"_s, u"a"_s, u"b"_s}},
         {R"("/opt/Light Room/lr" "" --x="%f" '%u' %%d)",
@@ -76,11 +68,11 @@ TEST(DesktopEntry, givesTheProgramAndItsArguments)
         {R"("" app)", std::nullopt},
         {R"()", std::nullopt},
     };
-    for (const Row &row : rows) {
-        auto entry = parsedEntry("Name=A \"Name\"\nIcon=an icon\nExec=", row.exec);
+    for (const auto &[exec, command] : rows) {
+        auto entry = parsedEntry(QByteArray("Name=A \"Name\"\nIcon=an icon\nExec=") + exec);
         ASSERT_TRUE(entry);
         entry->path = u"/a b.desktop"_s;
-        EXPECT_EQ(commandLine(*entry), row.command) << row.exec;
+        EXPECT_EQ(commandLine(*entry), command) << exec;
     }
 }
 
@@ -133,19 +125,16 @@ TEST_F(DesktopEntriesTest, areInstalledUnlessDeletedMissingOrNoApplications)
                                   u"unusable: Usable"_s}));
 }
 
-TEST_F(DesktopEntriesTest, areListedWhereTheirDesktopIs)
+TEST(DesktopEntry, isListedWhereItsDesktopIs)
 {
-    struct Row
-    {
-        const char *lines;
-        bool isListed;
-    };
-
-    for (const Row &row : {Row{"", true}, Row{"NoDisplay=true", false}, Row{"OnlyShowIn=KDE;GNOME;", true},
-                           Row{"OnlyShowIn=KDE;", false}, Row{"NotShowIn=GNOME", false},
-                           Row{"NotShowIn=KDE", true}, Row{"OnlyShowIn=GNOM", false}}) {
-        const auto entry = parsedEntry(row.lines);
-        EXPECT_EQ(isListed(*entry, {u"ubuntu"_s, u"GNOME"_s}), row.isListed) << row.lines;
+    for (const auto &[lines, isExpected] : {std::pair{"", true},
+                                            {"NoDisplay=true", false},
+                                            {"OnlyShowIn=KDE;GNOME;", true},
+                                            {"OnlyShowIn=KDE;", false},
+                                            {"NotShowIn=GNOME", false},
+                                            {"NotShowIn=KDE", true},
+                                            {"OnlyShowIn=GNOM", false}}) {
+        EXPECT_EQ(isListed(*parsedEntry(lines), {u"ubuntu"_s, u"GNOME"_s}), isExpected) << lines;
     }
 }
 
@@ -156,13 +145,7 @@ TEST_F(DesktopEntriesTest, belongToWindowsByClassThenById)
     write(u"all/wine-lr.desktop"_s, "Name=By class\nStartupWMClass=Lightroom.exe");
     const QList<DesktopEntry> entries = installed();
 
-    struct Row
-    {
-        WindowClass windowClass;
-        QString name;
-    };
-
-    const std::vector<Row> rows{
+    const std::pair<WindowClass, QString> rows[] = {
         {{u"x"_s, u"lightroom.exe"_s}, u"By class"_s},
         {{u"lightroom.exe"_s, u"x"_s}, u"By class"_s},
         {{u"gedit"_s, u"Gedit"_s}, u"Editor"_s},
@@ -170,12 +153,10 @@ TEST_F(DesktopEntriesTest, belongToWindowsByClassThenById)
         {{u"gnome"_s, u"edit"_s}, u""_s},
         {{u""_s, u""_s}, u""_s},
     };
-    for (const Row &row : rows) {
-        const DesktopEntry *entry = entryOfWindows(row.windowClass, entries);
-        EXPECT_EQ(entry ? entry->name : QString(), row.name) << row.windowClass.name.toStdString();
+    for (const auto &[windowClass, name] : rows) {
+        const DesktopEntry *entry = entryOfWindows(windowClass, entries);
+        EXPECT_EQ(entry ? entry->name : QString(), name) << windowClass.name.toStdString();
     }
 }
 
 } // namespace
-
-} // namespace KelvaLR

@@ -3,8 +3,6 @@
 #include "Platform/KeyboardWitness.h"
 #include "Support/WaitForTask.h"
 
-#include <QApplication>
-#include <QCoroFuture>
 #include <QCoroTimer>
 #include <QProcess>
 
@@ -13,17 +11,15 @@
 #include <X11/keysym.h>
 
 #include <csignal>
+#include <memory>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
-using Testing::KeyboardWitness;
-using Testing::waitForTask;
-using Testing::waitUntil;
+
+namespace {
 
 constexpr quint16 keyA = 0;
 constexpr quint16 keyReturn = 36;
@@ -37,27 +33,11 @@ QCoro::Task<> settledAtOnce()
     co_return;
 }
 
-QCoro::Task<> wait(QFuture<void> end)
+/// Not before the event loop turns.
+QCoro::Task<> settledSoon()
 {
-    co_await end;
+    co_await QCoro::sleepFor(1ms);
 }
-
-/// A program that does not settle until the test lets it.
-class PendingSettling
-{
-public:
-    PendingSettling() { m_end.start(); }
-
-    [[nodiscard]] XTestInputEvents::Settled settled() const
-    {
-        return [end = m_end.future()] { return wait(end); };
-    }
-
-    void end() { m_end.finish(); }
-
-private:
-    QPromise<void> m_end;
-};
 
 class InputEventsOnWitness : public testing::Test
 {
@@ -79,15 +59,9 @@ protected:
     XTestInputEvents m_input{m_connection, settledAtOnce};
 };
 
-struct ModifierCase
-{
-    KeyModifiers modifiers;
-    int state;
-};
-
 TEST_F(InputEventsOnWitness, keysCarryExactlyTheGivenModifiersWhateverTheUserHolds)
 {
-    const ModifierCase cases[] = {
+    const std::pair<KeyModifiers, int> cases[] = {
         {{}, 0},
         {KeyModifier::maskShift, shift},
         {KeyModifier::maskCommand, control},
@@ -103,21 +77,12 @@ TEST_F(InputEventsOnWitness, keysCarryExactlyTheGivenModifiersWhateverTheUserHol
             waitForTask(m_input.postKey(keyA, modifiers));
             EXPECT_THAT(statesOfPresses(XK_a), ElementsAre(state)) << held;
             EXPECT_EQ(m_witness.keysDown(), keysDown);
-            EXPECT_EQ(m_witness.lockedModifiers(), lock);
+            EXPECT_EQ(m_witness.locked().first, lock);
         }
         m_witness.fake(XCB_KEY_RELEASE, m_witness.keycode(held));
     }
     m_witness.lock(0);
 }
-
-struct LayoutCase
-{
-    QString layouts; ///< of setxkbmap
-    quint8 group;    ///< the one the user has switched to
-    quint16 virtualKeyCode;
-    int keycode;
-    int state; ///< the group in use is in bits 13 and 14
-};
 
 TEST_F(InputEventsOnWitness, aKeyIsFoundInEveryLayout)
 {
@@ -125,11 +90,20 @@ TEST_F(InputEventsOnWitness, aKeyIsFoundInEveryLayout)
     constexpr int topLeft = 24;  // the Q of a US keyboard
     constexpr int homeLeft = 38; // the A of a US keyboard
     constexpr int firstOfDigits = 10;
-    const LayoutCase cases[] = {
+
+    const struct
+    {
+        QString layouts; ///< of setxkbmap
+        quint8 group;    ///< the one the user has switched to
+        quint16 virtualKeyCode;
+        int keycode;
+        int state; ///< the group in use is in bits 13 and 14
+    } cases[] = {
         {u"us,ru"_s, 1, keyA, homeLeft, control},
         {u"us,fr"_s, 1, keyA, topLeft, control | 1 << 13},
         {u"fr"_s, 0, digit1, firstOfDigits, control},
     };
+
     for (const auto &[layouts, group, virtualKeyCode, keycode, state] : cases) {
         ASSERT_EQ(QProcess::execute(u"setxkbmap"_s, {layouts}), 0);
         m_witness.lock(0, group);
@@ -137,7 +111,7 @@ TEST_F(InputEventsOnWitness, aKeyIsFoundInEveryLayout)
         waitForTask(m_input.postKey(virtualKeyCode, KeyModifier::maskCommand));
         EXPECT_TRUE(m_witness.takeEvents().contains({XCB_KEY_PRESS, keycode, state}))
             << layouts.toStdString();
-        EXPECT_EQ(m_witness.lockedGroup(), group);
+        EXPECT_EQ(m_witness.locked().second, group);
     }
     ASSERT_EQ(QProcess::execute(u"setxkbmap"_s, {u"us"_s}), 0);
     m_witness.lock(0);
@@ -208,13 +182,11 @@ TEST_F(InputEventsOnWitness, aClickMovesThePointerFirst)
 TEST_F(InputEventsOnWitness, anEndInTheMiddleOfATypingPutsTheMapBack)
 {
     const auto map = m_witness.map();
-    PendingSettling settling;
-    auto input = std::make_unique<XTestInputEvents>(m_connection, settling.settled());
+    auto input = std::make_unique<XTestInputEvents>(m_connection, settledSoon);
     auto typing = input->postText(u"中a"_s);
     EXPECT_NE(m_witness.map(), map);
     input.reset();
     EXPECT_EQ(m_witness.map(), map);
-    settling.end();
     waitForTask(std::move(typing));
     EXPECT_THAT(m_witness.takeEvents(), ElementsAre());
 }
@@ -225,83 +197,63 @@ TEST_F(InputEventsOnWitness, twoProcessesBorrowDifferentKeycodes)
     const auto map = m_witness.map();
     const auto borrowedKeysyms = [&] { return m_witness.map().count(ideograph); };
     const X11Connection otherConnection;
-    PendingSettling settling;
-    XTestInputEvents other(otherConnection, settling.settled());
+    const auto other = std::make_unique<XTestInputEvents>(otherConnection, settledSoon);
     {
-        XTestInputEvents input(m_connection, settling.settled());
-        [[maybe_unused]] const auto typing = input.postText(u"中"_s);
+        const auto input = std::make_unique<XTestInputEvents>(m_connection, settledSoon);
+        [[maybe_unused]] const auto typing = input->postText(u"中"_s);
         const auto ofOne = borrowedKeysyms();
-        [[maybe_unused]] const auto otherTyping = other.postText(u"中"_s);
+        [[maybe_unused]] const auto otherTyping = other->postText(u"中"_s);
         EXPECT_EQ(borrowedKeysyms(), 2 * ofOne);
     }
     EXPECT_GT(borrowedKeysyms(), 0);
-    settling.end();
     EXPECT_TRUE(waitUntil([&] { return m_witness.map() == map; }));
 }
 
-class EndedTyping : public InputEventsOnWitness, public testing::WithParamInterface<int>
-{
-};
-
-TEST_P(EndedTyping, leavesTheMapAsItWas)
+TEST_F(InputEventsOnWitness, aProgramThatASignalEndsLeavesTheMapAsItWas)
 {
     const auto map = m_witness.map();
-    QProcess program;
-    program.start(QStringLiteral(KELVALR_TYPING_PROGRAM), QStringList());
-    ASSERT_TRUE(waitUntil([&] { return program.readAllStandardOutput().contains("typing"); }));
-    EXPECT_NE(m_witness.map(), map);
-    ::kill(static_cast<pid_t>(program.processId()), GetParam());
-    ASSERT_TRUE(waitUntil([&] { return program.state() == QProcess::NotRunning; }));
-    if (GetParam() == SIGKILL) {
+    for (const int signal : {SIGTERM, SIGINT, SIGKILL}) {
+        SCOPED_TRACE(signal);
+        QProcess program;
+        program.start(QStringLiteral(KELVALR_TYPING_PROGRAM), QStringList());
+        ASSERT_TRUE(waitUntil([&] { return program.readAllStandardOutput().contains("typing"); }));
         EXPECT_NE(m_witness.map(), map);
-        const XTestInputEvents next(m_connection, settledAtOnce);
+        ::kill(static_cast<pid_t>(program.processId()), signal);
+        ASSERT_TRUE(waitUntil([&] { return program.state() == QProcess::NotRunning; }));
+        if (signal == SIGKILL) {
+            EXPECT_NE(m_witness.map(), map);
+            const auto next = std::make_unique<XTestInputEvents>(m_connection, settledAtOnce);
+        }
         EXPECT_EQ(m_witness.map(), map);
+        EXPECT_FALSE(m_connection.items(m_connection.root(), "_KELVALR_BORROWED_KEYCODES"));
+        EXPECT_EQ(m_witness.keysDown(), QList<quint8>(32, 0));
     }
-    EXPECT_EQ(m_witness.map(), map);
-    EXPECT_FALSE(m_connection.items(m_connection.root(), "_KELVALR_BORROWED_KEYCODES"));
-    EXPECT_EQ(m_witness.keysDown(), QList<quint8>(32, 0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, EndedTyping, testing::Values(SIGTERM, SIGINT, SIGKILL));
-
-TEST(InputEventsWithoutServer, postsNothing)
+TEST(InputEventsWithoutServer, endQuietly)
 {
     const QByteArray display = qgetenv("DISPLAY");
     qputenv("DISPLAY", ":no-such-display");
-    const X11Connection connection;
-    qputenv("DISPLAY", display);
-    XTestInputEvents input(connection, settledAtOnce);
-    EXPECT_FALSE(waitForTask(input.postKey(keyReturn, {})));
-    EXPECT_FALSE(waitForTask(input.postText(u"中"_s)));
-    EXPECT_FALSE(waitForTask(input.postClick({1, 1})));
-}
-
-TEST(InputEventsWithoutServer, endQuietlyWhenTheServerGoes)
-{
+    const X11Connection none;
     QProcess server;
     server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
-    QByteArray number;
-    ASSERT_TRUE(waitUntil([&] { return (number += server.readAllStandardOutput()).endsWith('\n'); }));
-    const QByteArray display = qgetenv("DISPLAY");
-    qputenv("DISPLAY", ':' + number.trimmed());
+    ASSERT_TRUE(waitUntil([&] { return server.canReadLine(); }));
+    qputenv("DISPLAY", ':' + server.readLine().trimmed());
     const X11Connection connection;
     qputenv("DISPLAY", display);
+
+    const auto nowhere = std::make_unique<XTestInputEvents>(none, settledAtOnce);
+    EXPECT_FALSE(waitForTask(nowhere->postKey(keyReturn, {})));
+    EXPECT_FALSE(waitForTask(nowhere->postText(u"中"_s)));
+    EXPECT_FALSE(waitForTask(nowhere->postClick({1, 1})));
+
     ASSERT_TRUE(connection.isOpen());
-    XTestInputEvents input(connection, [] { return QCoro::sleepFor(1ms); });
-    auto typing = input.postText(u"中"_s.repeated(1'000'000));
+    const auto input = std::make_unique<XTestInputEvents>(connection, settledSoon);
+    auto typing = input->postText(u"中"_s.repeated(1'000'000));
     server.kill();
     ASSERT_TRUE(waitUntil([&] { return server.state() == QProcess::NotRunning; }));
     waitForTask(std::move(typing));
-    waitForTask(input.postKey(keyReturn, {}));
+    waitForTask(input->postKey(keyReturn, {}));
 }
 
 } // namespace
-
-} // namespace KelvaLR
-
-int main(int argc, char **argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

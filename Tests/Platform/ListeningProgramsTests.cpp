@@ -4,22 +4,21 @@
 #include "Support/WaitForTask.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QStandardPaths>
-#include <QTcpServer>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR::Testing {
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using enum PortListener::Presence;
+
+namespace {
 
 constexpr QByteArrayView
     header("  sl  local_address rem_address   st tx_queue rx_queue tr tm->when retrnsmt   "
@@ -39,43 +38,24 @@ std::optional<QSet<quint64>> socketsIn(QByteArray table)
     return listeningSockets(buffer, 0xD431);
 }
 
-TEST(ListeningProgramsTest, namesTheProgramThatListensOnThisMachine)
+TEST(ListeningProgramsTest, namesEachProcessThatHoldsTheSocketWhileItListens)
 {
-    const ListeningProgram ourselves{.name = programName(QCoreApplication::applicationPid()),
-                                     .processId = QCoreApplication::applicationPid()};
+    QProcess listening;
+    listening.start(u"python3"_s, {u"-c"_s, u"import os, socket, sys\n"
+                                            "s = socket.create_server(('', 0), family=socket.AF_INET6)\n"
+                                            "os.fork() or sys.stdin.read() or os._exit(0)\n"
+                                            "print(s.getsockname()[1], flush=True); sys.stdin.read()"_s});
+    ASSERT_TRUE(waitUntil([&] { return listening.canReadLine(); }));
+    const quint16 port = listening.readLine().trimmed().toUShort();
     ProcListeningPrograms programs;
-    for (const QHostAddress &address :
-         {QHostAddress(QHostAddress::LocalHost), QHostAddress(QHostAddress::AnyIPv4),
-          QHostAddress(QHostAddress::Any)}) {
-        QTcpServer server;
-        ASSERT_TRUE(server.listen(address));
-        const quint16 port = server.serverPort();
-        EXPECT_EQ(waitForTask(programs.listenerOn(port)),
-                  (PortListener{.presence = present, .programs = {ourselves}}))
-            << address.toString().toStdString();
-        server.close();
-        EXPECT_EQ(waitForTask(programs.listenerOn(port)), (PortListener{.presence = none, .programs = {}}));
-    }
-}
-
-TEST(ListeningProgramsTest, listsEachProcessThatHoldsTheSocket)
-{
-    QProcess sleeper;
-    sleeper.setProgram(u"python3"_s);
-    sleeper.setArguments({u"-c"_s, u"import os, socket, sys\n"
-                                   "s = socket.socket(); s.bind(('127.0.0.1', 0)); s.listen()\n"
-                                   "os.fork() or sys.stdin.read() or os._exit(0)\n"
-                                   "print(s.getsockname()[1], flush=True); sys.stdin.read()"_s});
-    sleeper.start();
-    ASSERT_TRUE(waitUntil([&] { return sleeper.canReadLine(); }));
-    const quint16 port = sleeper.readLine().trimmed().toUShort();
-    const PortListener listener = waitForTask(ProcListeningPrograms().listenerOn(port));
+    const PortListener listener = waitForTask(programs.listenerOn(port));
+    EXPECT_EQ(listener.presence, present);
     EXPECT_EQ(listener.programs.size(), 2);
-    for (const ListeningProgram &program : listener.programs) {
-        EXPECT_TRUE(program.name.startsWith("python3"_L1)) << program.name.toStdString();
-    }
-    sleeper.closeWriteChannel();
-    EXPECT_TRUE(sleeper.waitForFinished());
+    EXPECT_TRUE(listener.programs.contains(
+        ListeningProgram{.name = programName(listening.processId()), .processId = listening.processId()}));
+    listening.closeWriteChannel();
+    EXPECT_TRUE(listening.waitForFinished());
+    EXPECT_TRUE(waitUntil([&] { return waitForTask(programs.listenerOn(port)).presence == none; }));
 }
 
 TEST(ListeningProgramsTest, knowsNothingWhereTheKernelListsNothing)
@@ -84,25 +64,20 @@ TEST(ListeningProgramsTest, knowsNothingWhereTheKernelListsNothing)
     ProcListeningPrograms programs(folder.path());
     EXPECT_EQ(waitForTask(programs.listenerOn(1)).presence, unknown);
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"net"_s));
-    QFile table(folder.filePath(u"net/tcp"_s));
-    ASSERT_TRUE(table.open(QFile::WriteOnly));
-    table.write("no table");
-    table.close();
-    EXPECT_EQ(waitForTask(programs.listenerOn(1)).presence, unknown);
-    ASSERT_TRUE(table.open(QFile::WriteOnly));
-    table.write(tableOf("0100007F", "0A"));
-    table.close();
-    EXPECT_EQ(waitForTask(programs.listenerOn(0xD431)), (PortListener{.presence = present, .programs = {}}));
+    for (const auto &[content, presence] :
+         {std::pair{QByteArray("no table"), unknown}, {tableOf("0100007F", "0A"), present}}) {
+        QFile table(folder.filePath(u"net/tcp"_s));
+        ASSERT_TRUE(table.open(QFile::WriteOnly));
+        table.write(content);
+        table.close();
+        EXPECT_EQ(waitForTask(programs.listenerOn(0xD431)),
+                  (PortListener{.presence = presence, .programs = {}}));
+    }
 }
 
 TEST(SocketTableTest, findsWhatTakesConnectionsToThisMachine)
 {
-    const struct
-    {
-        QByteArrayView address;
-        QByteArrayView state;
-        bool isFound;
-    } rows[] = {
+    const std::tuple<const char *, const char *, bool> rows[] = {
         {"0100007F", "0A", true},
         {"00000000", "0A", true},
         {"00000000000000000000000000000000", "0A", true},
@@ -112,10 +87,9 @@ TEST(SocketTableTest, findsWhatTakesConnectionsToThisMachine)
         {"00000000000000000000000001000000", "0A", false},
     };
 
-    for (const auto &row : rows) {
-        EXPECT_EQ(socketsIn(tableOf(row.address, row.state)),
-                  row.isFound ? QSet<quint64>{4711} : QSet<quint64>())
-            << row.address.data();
+    for (const auto &[address, state, isFound] : rows) {
+        EXPECT_EQ(socketsIn(tableOf(address, state)), isFound ? QSet<quint64>{4711} : QSet<quint64>())
+            << address << ' ' << state;
     }
 }
 
@@ -152,4 +126,3 @@ TEST(ProcessListTest, namesAProgramWhole)
 }
 
 } // namespace
-} // namespace KelvaLR::Testing

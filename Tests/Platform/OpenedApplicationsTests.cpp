@@ -3,42 +3,30 @@
 #include "Services/Lightroom/LightroomApplicationResolver.h"
 #include "Support/PrintQt.h"
 
+#include <QScopeGuard>
+
 #include <csignal>
 
 #include <unistd.h>
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using Testing::waitForTask;
-using Testing::waitUntil;
-using Testing::WindowProgram;
+using OpenedApplicationsTest = Testing::RunningApplicationsFixture;
 
 /// Ends what was opened, which would outlive us.
-class EndedProcess
+auto endOf(const RunningApplication &opened)
 {
-public:
-    explicit EndedProcess(qint64 id)
-        : m_id(static_cast<pid_t>(id))
-    {
-    }
-
-    ~EndedProcess()
-    {
-        if (m_id > 0) {
-            kill(m_id, SIGKILL);
+    return qScopeGuard([process = static_cast<pid_t>(opened.processId)] {
+        if (process > 0) {
+            ::kill(process, SIGKILL);
         }
-    }
-    Q_DISABLE_COPY_MOVE(EndedProcess)
-
-private:
-    pid_t m_id;
-};
-
-using OpenedApplicationsTest = Testing::RunningApplicationsFixture;
+    });
+}
 
 TEST_F(OpenedApplicationsTest, areWaitedForOnceAndOutliveUs)
 {
@@ -56,7 +44,7 @@ TEST_F(OpenedApplicationsTest, areWaitedForOnceAndOutliveUs)
     EXPECT_TRUE(waitForTask(m_applications.open(lightroom->url)));
 
     const RunningApplication opened = newest();
-    const EndedProcess ended(opened.processId);
+    const auto end = endOf(opened);
     EXPECT_EQ(opened.name, u"Adobe Lightroom Classic");
     ASSERT_GT(opened.processId, 0);
     const QString process = "/proc/"_L1 + QString::number(opened.processId);
@@ -80,32 +68,26 @@ TEST_F(OpenedApplicationsTest, mayBeScriptsWhoseWindowsAreNamedOtherwise)
         install(u"script"_s, "Name=Script\nExec=sh -c \"" KELVALR_WINDOW_PROGRAM " Unknown title; true\"");
     DesktopApplications patient(m_x11, &QDBusConnection::sessionBus, 5s, 5min);
     EXPECT_TRUE(waitForTask(patient.open(entry)));
-    const EndedProcess ended(newest().processId);
+    const auto end = endOf(newest());
     EXPECT_EQ(newest().name, u"Unknown");
 }
 
 TEST_F(OpenedApplicationsTest, sayWhyTheyHaveNotStarted)
 {
-    struct Row
-    {
-        QByteArray lines;
-        QString problem; ///< none where the program has started
-    };
-
-    const std::vector<Row> rows{
+    const std::pair<QByteArray, QString> rows[] = {
         {"Exec=/none/lightroom %f", u"The program /none/lightroom is missing."_s},
         {"Exec=sh -c \"exit 3\"", u"It ended at once with status 3."_s},
         {"Exec=\"sh", u"The command of its desktop entry cannot be read."_s},
         {"DBusActivatable=true", u"The command of its desktop entry cannot be read."_s},
         {"Exec=true\nTerminal=true", u"Shell runs in a terminal only."_s},
         {"Exec=true\nPath=/none", u"chdir: No such file or directory."_s},
-        {"Exec=true", u""_s},
-        {"Exec=sleep 3", u""_s},
+        {"Exec=true", u"none"_s},
+        {"Exec=sleep 3", u"none"_s},
     };
-    for (const Row &row : rows) {
-        const QUrl entry = install(u"shell"_s, "Name=Shell\n" + row.lines);
+    for (const auto &[lines, problem] : rows) {
+        const QUrl entry = install(u"shell"_s, "Name=Shell\n" + lines);
         const auto opened = waitForTask(m_applications.open(entry));
-        EXPECT_EQ(opened.has_value() ? QString() : opened.error(), row.problem) << row.lines.toStdString();
+        EXPECT_EQ(opened ? u"none"_s : opened.error(), problem) << lines.toStdString();
     }
     for (const QUrl &gone :
          {QUrl(u"file:///none/gone.desktop"_s), QUrl(u"https://a.invalid/x.desktop"_s), QUrl()}) {
@@ -124,5 +106,3 @@ TEST_F(OpenedApplicationsTest, areNotWaitedForOnceTheAdapterHasGone)
 }
 
 } // namespace
-
-} // namespace KelvaLR

@@ -2,41 +2,30 @@
 
 #include "Support/PrintQt.h"
 
+#include <QRasterWindow>
 #include <QSysInfo>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using Testing::waitForTask;
-using Testing::waitUntil;
-using Testing::WindowProgram;
+
+namespace {
 
 using RunningApplicationsTest = Testing::RunningApplicationsFixture;
 
 TEST_F(RunningApplicationsTest, areNamedByTheirEntryTheirClassOrTheirTitle)
 {
     install(u"org.kelvalr.Editor"_s, "Name=An Editor\nExec=x");
-
-    struct Row
-    {
-        QString className;
-        RunningApplication named;
-    };
-
-    const std::vector<Row> rows{
-        {u"Lightroom Stand-in"_s, {u"Lightroom Stand-in"_s, u"Lightroom Stand-in"_s}},
-        {u"editor"_s, {u"An Editor"_s, u"org.kelvalr.Editor"_s}},
-        {u"lightroom.exe"_s, {u"Catalog – Lightroom"_s, u"lightroom.exe"_s}},
-    };
     std::vector<std::unique_ptr<WindowProgram>> programs;
     QList<RunningApplication> expected;
     EXPECT_FALSE(m_applications.frontmostApplication());
-    for (const Row &row : rows) {
-        programs.push_back(std::make_unique<WindowProgram>(row.className, u"Catalog – Lightroom"_s));
-        expected.append({row.named.name, row.named.identifier, programs.back()->id()});
+    for (const auto &[className, name, identifier] :
+         {std::tuple{u"Lightroom Stand-in"_s, u"Lightroom Stand-in"_s, u"Lightroom Stand-in"_s},
+          {u"editor"_s, u"An Editor"_s, u"org.kelvalr.Editor"_s},
+          {u"lightroom.exe"_s, u"Catalog – Lightroom"_s, u"lightroom.exe"_s}}) {
+        programs.push_back(std::make_unique<WindowProgram>(className, u"Catalog – Lightroom"_s));
+        expected.append({name, identifier, programs.back()->id()});
         ASSERT_TRUE(waitUntil([&] { return m_applications.frontmostApplication() == expected.last(); }));
     }
     EXPECT_EQ(m_applications.runningApplications(), expected);
@@ -66,6 +55,26 @@ TEST_F(RunningApplicationsTest, comeBackToTheFrontAlsoFromBeingMinimised)
     EXPECT_FALSE(m_applications.activate({u"First"_s, u"First"_s, 1}));
 }
 
+TEST_F(RunningApplicationsTest, bringOwnWindowsToTheFrontDeminimisedAndOnlyIfVisible)
+{
+    QRasterWindow window;
+    QRasterWindow hidden;
+    hidden.create();
+    window.show();
+    ASSERT_TRUE(waitUntil([&] { return window.isActive(); }));
+    const WindowProgram other(u"Other"_s, u"other"_s);
+    ASSERT_TRUE(waitUntil([&] { return !window.isActive(); }));
+    m_applications.bringOwnWindowsToFront();
+    EXPECT_TRUE(waitUntil([&] { return window.isActive(); }));
+
+    window.showMinimized();
+    ASSERT_TRUE(waitUntil([&] { return !window.isExposed() && !window.isActive(); }));
+    m_applications.bringOwnWindowsToFront();
+    EXPECT_TRUE(waitUntil([&] { return window.isExposed() && window.isActive(); }));
+    EXPECT_FALSE(window.windowStates() & Qt::WindowMinimized);
+    EXPECT_FALSE(hidden.isVisible());
+}
+
 TEST_F(RunningApplicationsTest, areTheProcessesOfThisComputerThatOwnTheirWindows)
 {
     const WindowProgram first(u"First"_s, u"first"_s);
@@ -73,22 +82,21 @@ TEST_F(RunningApplicationsTest, areTheProcessesOfThisComputerThatOwnTheirWindows
     const WindowProgram second(u"Second"_s, u"second"_s);
     ASSERT_TRUE(waitUntil([&] { return isFrontmost(second); }));
     const QString window = QString::number(windowOf(second));
-    const auto changeSecond = [&window](const QStringList &change) {
-        return QProcess::execute(u"xprop"_s, QStringList{u"-id"_s, window} + change) == 0;
+    const auto setOnSecond = [&](const QString &property, const QString &format, const QString &value) {
+        EXPECT_EQ(QProcess::execute(
+                      u"xprop"_s, {u"-id"_s, window, u"-f"_s, property, format, u"-set"_s, property, value}),
+                  0);
     };
     const auto process = [this] { return m_applications.frontmostApplication()->processId; };
 
-    EXPECT_TRUE(changeSecond({u"-f"_s, u"WM_CLIENT_MACHINE"_s, u"8s"_s, u"-set"_s, u"WM_CLIENT_MACHINE"_s,
-                              QSysInfo::machineHostName() + u".example.org"_s}));
+    setOnSecond(u"WM_CLIENT_MACHINE"_s, u"8s"_s, QSysInfo::machineHostName() + u".example.org"_s);
     EXPECT_EQ(process(), second.id());
-    EXPECT_TRUE(changeSecond(
-        {u"-f"_s, u"WM_CLIENT_MACHINE"_s, u"8s"_s, u"-set"_s, u"WM_CLIENT_MACHINE"_s, u"elsewhere"_s}));
+    setOnSecond(u"WM_CLIENT_MACHINE"_s, u"8s"_s, u"elsewhere"_s);
     EXPECT_EQ(process(), 0);
     EXPECT_TRUE(m_applications.activate(newest()));
 
-    EXPECT_TRUE(changeSecond({u"-remove"_s, u"_NET_WM_PID"_s}));
-    EXPECT_TRUE(changeSecond({u"-f"_s, u"WM_TRANSIENT_FOR"_s, u"32x"_s, u"-set"_s, u"WM_TRANSIENT_FOR"_s,
-                              QString::number(windowOf(first))}));
+    EXPECT_EQ(QProcess::execute(u"xprop"_s, {u"-id"_s, window, u"-remove"_s, u"_NET_WM_PID"_s}), 0);
+    setOnSecond(u"WM_TRANSIENT_FOR"_s, u"32x"_s, QString::number(windowOf(first)));
     EXPECT_EQ(process(), first.id());
     EXPECT_EQ(m_applications.runningApplications().size(), 1);
 }
@@ -123,5 +131,3 @@ TEST_F(RunningApplicationsTest, areNoneWithoutAnXServerAndOnceItHasGone)
 }
 
 } // namespace
-
-} // namespace KelvaLR

@@ -5,31 +5,11 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
-
-namespace {
-
+using namespace KelvaLR;
 using namespace Qt::StringLiterals;
 using enum Preference;
 
-TEST(SettingsPreferences, beginWithTheDefaultsAndSurviveARestart)
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(u"new/KelvaLR.ini"_s);
-    {
-        SettingsPreferences preferences(file);
-        EXPECT_TRUE(preferences.isOn(startInQuietMode));
-        EXPECT_FALSE(preferences.isOn(readResponsesAloud));
-        EXPECT_FALSE(preferences.isOn(allowComputerControl));
-        preferences.setOn(startInQuietMode, false);
-        preferences.setOn(allowComputerControl, true);
-        EXPECT_TRUE(preferences.isOn(allowComputerControl));
-    }
-    const SettingsPreferences preferences(file);
-    EXPECT_FALSE(preferences.isOn(startInQuietMode));
-    EXPECT_FALSE(preferences.isOn(readResponsesAloud));
-    EXPECT_TRUE(preferences.isOn(allowComputerControl));
-}
+namespace {
 
 TEST(SettingsPreferences, aValueThatIsNoBooleanIsNoConsent)
 {
@@ -64,5 +44,3 @@ TEST(SettingsPreferences, sayWhenTheyCannotBeKept)
 }
 
 } // namespace
-
-} // namespace KelvaLR

@@ -18,11 +18,11 @@ namespace KelvaLR::Testing {
 /// Noise in which no sample is zero, different for each seed.
 [[nodiscard]] QByteArray noiseLasting(int milliseconds, quint32 seed);
 
-/// Three seconds of "syllables" on a rising voice, as a stereo WAV file at 48 kHz.
+/// Three seconds of what stands for speech, as a WAV file.
 void writeSpeech(const QString &file);
 
-/// The parts of that speech that do not stand where they belong in these samples; none when all is there, in
-/// order and without a gap.
+/// What of that speech does not stand where it belongs in these samples; nothing when all is there, in order
+/// and without a gap.
 [[nodiscard]] QStringList displacedSpeech(const std::vector<double> &samples);
 
 /// What programs have open on the sound system, as it lists it.
@@ -39,15 +39,11 @@ public:
     /// False when it did not begin.
     [[nodiscard]] bool begin();
 
-    [[nodiscard]] bool hasSound();
+    /// How many bytes have been heard, without the silences.
+    [[nodiscard]] qsizetype soundSize();
 
     /// What has been heard, cut at the silences, once this has been heard to its end; or after a while.
     [[nodiscard]] QList<QByteArray> soundsUntil(const QByteArray &last);
-
-    /// All that came out of the speaker so far, silence too.
-    [[nodiscard]] const QByteArray &recorded();
-
-    void forget();
 
 private:
     [[nodiscard]] QList<QByteArray> sounds();

@@ -17,10 +17,13 @@ protected:
 TEST_F(ComposerTest, returnControlReturnAndTheSendButtonSubmitWhatIsTyped)
 {
     int submitted = 0;
-    for (const auto &submitNow : {std::function<void()>([&] { press(Qt::Key_Return); }),
-                                  std::function<void()>([&] { press(Qt::Key_Enter); }),
-                                  std::function<void()>([&] { press(Qt::Key_Return, Qt::ControlModifier); }),
-                                  std::function<void()>([&] { click(u"Send"_s); })}) {
+    const std::function<void()> ways[] = {
+        [&] { press(Qt::Key_Return); },
+        [&] { press(Qt::Key_Enter); },
+        [&] { press(Qt::Key_Return, Qt::ControlModifier); },
+        [&] { click(u"Send"_s); },
+    };
+    for (const auto &submitNow : ways) {
         click(field);
         type(u"set exposure to 1"_s);
         EXPECT_EQ(model->promptText(), u"set exposure to 1"_s);
@@ -34,13 +37,6 @@ TEST_F(ComposerTest, returnControlReturnAndTheSendButtonSubmitWhatIsTyped)
     }
 }
 
-TEST_F(ComposerTest, anEmptyPromptIsNotSubmitted)
-{
-    press(Qt::Key_Return);
-    click(u"Send"_s);
-    EXPECT_TRUE(model->messages().isEmpty());
-}
-
 TEST_F(ComposerTest, growsToFiveLinesAndSendsAllOfThem)
 {
     const QString bar = u"Prompt"_s;
@@ -51,11 +47,8 @@ TEST_F(ComposerTest, growsToFiveLinesAndSendsAllOfThem)
         QTest::qWait(0);
         heights.append(place(bar).height());
     }
-    for (int line = 3; line <= 5; ++line) {
-        EXPECT_GT(heights[line - 1], heights[line - 2]) << "line " << line;
-    }
-    EXPECT_EQ(heights[5], heights[4]);
-    EXPECT_EQ(heights[7], heights[4]);
+    EXPECT_TRUE(heights[1] < heights[2] && heights[2] < heights[3] && heights[3] < heights[4]);
+    EXPECT_TRUE(heights[5] == heights[4] && heights[7] == heights[4]);
     press(Qt::Key_Return, Qt::ControlModifier);
     ASSERT_FALSE(model->messages().isEmpty());
     EXPECT_EQ(model->messages().constFirst().content, u"x\nx\nx\nx\nx\nx\nx"_s);

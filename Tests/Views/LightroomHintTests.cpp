@@ -13,6 +13,7 @@ const PortListener nobody{.presence = PortListener::Presence::none, .programs = 
 const PortListener lightroomListens{.presence = PortListener::Presence::present,
                                     .programs = {{u"Lightroom.exe"_s, 42}}};
 const PortListener rogueListens{.presence = PortListener::Presence::present, .programs = {{u"nc"_s, 7}}};
+const QList<RunningApplication> runningLightroom{{u"Adobe Lightroom Classic"_s, {}, 42}};
 const QString notRunning = u"Lightroom Classic is not running."_s;
 const QString notLoaded = u"Lightroom is running, but the KelvaLR plug-in is not loaded."_s;
 const QString dismiss = u"Dismiss"_s;
@@ -28,18 +29,9 @@ protected:
     /// What the window finds out from now on.
     void setCase(bool isRunning, const PortListener &listener)
     {
-        lightroom.applications.running.clear();
-        if (isRunning) {
-            lightroom.applications.running.append({u"Adobe Lightroom Classic"_s, {}, 42});
-        }
+        lightroom.applications.running = isRunning ? runningLightroom : QList<RunningApplication>();
         lightroom.listening.listener = listener;
         model->lookAtLightroom();
-    }
-
-    void installLightroom()
-    {
-        lightroom.applications.installed = {
-            {u"Lightroom"_s, u"lightroom.desktop"_s, QUrl(u"file:///lightroom"_s)}};
     }
 
     void removePlugin() { QDir(lightroom.modules.filePath(u"KelvaLR.lrplugin"_s)).removeRecursively(); }
@@ -74,7 +66,10 @@ TEST_F(LightroomHintTest, saysWhatIsTheCaseAndOffersWhatHelps)
          notRunning,
          u"Start it on this computer, then send your request."_s,
          {}},
-        {[&] { installLightroom(); }, notRunning, u"Open it, then send your request."_s, {open}},
+        {[&] { lightroom.applications.installed = {{u"Lightroom"_s, u"lightroom.desktop"_s, {}}}; },
+         notRunning,
+         u"Open it, then send your request."_s,
+         {open}},
         {[&] { setCase(true, nobody); },
          notLoaded,
          u"Add or enable it in the Plug-in Manager, then restart Lightroom."_s,
@@ -133,26 +128,6 @@ TEST_F(LightroomHintTest, itsButtonsDoWhatTheSettingsDo)
     EXPECT_TRUE(lightroom.plugin.lines().isEmpty());
 }
 
-TEST_F(LightroomHintTest, goesWhenACheckSucceeds)
-{
-    setCase(true, rogueListens);
-    ASSERT_TRUE(waitUntil([&] { return control(test) != nullptr; }));
-    clickOnceLaidOut(test);
-    EXPECT_TRUE(willHide());
-    EXPECT_EQ(lightroom.plugin.commands().size(), 1);
-}
-
-TEST_F(LightroomHintTest, opensLightroomAndSaysHowThatWent)
-{
-    installLightroom();
-    lightroom.applications.opening = std::unexpected(u"it is broken"_s);
-    setCase(false, nobody);
-    ASSERT_TRUE(waitUntil([&] { return control(open) != nullptr; }));
-    clickOnceLaidOut(open);
-    EXPECT_TRUE(willShow(u"Could not open Lightroom: it is broken"_s));
-    EXPECT_EQ(lightroom.journal, QStringList{u"open file:///lightroom"_s});
-}
-
 TEST_F(LightroomHintTest, staysAwayOnceDismissedUntilItIsAnotherOne)
 {
     const QRect microphone = place(u"Start Computer Use Voice"_s);
@@ -182,7 +157,7 @@ TEST_F(LightroomHintTest, isFoundOutOnceTheWindowIsUpAndWhenItComesToTheFront)
     reopen();
     EXPECT_TRUE(willShow(notRunning));
     model->dismissLightroomHint();
-    lightroom.applications.running = {{u"Adobe Lightroom Classic"_s, {}, 42}};
+    lightroom.applications.running = runningLightroom;
     QWindow other;
     other.show();
     other.requestActivate();

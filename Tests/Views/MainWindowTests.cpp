@@ -8,6 +8,8 @@ namespace {
 
 TEST_F(MainWindowTest, saysWhereTheVoiceSessionStands)
 {
+    using enum RealtimeVoiceState;
+
     const struct
     {
         RealtimeVoiceState state;
@@ -16,15 +18,12 @@ TEST_F(MainWindowTest, saysWhereTheVoiceSessionStands)
         QString subtitle;
         QString help;
     } rows[] = {
-        {RealtimeVoiceState::connecting, false, u"Connecting"_s, u"Starting GPT Realtime 2."_s, u"Stop"_s},
-        {RealtimeVoiceState::recording, false, u"Listening"_s, u"Speak naturally. KelvaLR is listening."_s,
-         u"Stop"_s},
-        {RealtimeVoiceState::speaking, false, u"Responding"_s,
-         u"Response is playing and updating the artifact."_s, u"Stop"_s},
-        {RealtimeVoiceState::failed, false, u"Voice Failed"_s, u"Check configuration and try again."_s,
-         u"Stop"_s},
-        {RealtimeVoiceState::idle, true, u"Ready"_s, u"Say \"Hey Kelva\" or type a prompt."_s, u"Start"_s},
-        {RealtimeVoiceState::idle, false, u"Ready"_s, u"Use voice or type a prompt."_s, u"Start"_s},
+        {connecting, false, u"Connecting"_s, u"Starting GPT Realtime 2."_s, u"Stop"_s},
+        {recording, false, u"Listening"_s, u"Speak naturally. KelvaLR is listening."_s, u"Stop"_s},
+        {speaking, false, u"Responding"_s, u"Response is playing and updating the artifact."_s, u"Stop"_s},
+        {failed, false, u"Voice Failed"_s, u"Check configuration and try again."_s, u"Stop"_s},
+        {idle, true, u"Ready"_s, u"Say \"Hey Kelva\" or type a prompt."_s, u"Start"_s},
+        {idle, false, u"Ready"_s, u"Use voice or type a prompt."_s, u"Start"_s},
     };
 
     for (const auto &row : rows) {

@@ -84,7 +84,7 @@ TEST_F(SettingsTest, openAtTheSwitchThatWasMissing)
     EXPECT_TRUE(savedPreferences->isOn(Preference::allowComputerControl));
 }
 
-TEST_F(SettingsTest, theResultLineIsGreenForAnInstallationOnly)
+TEST_F(SettingsTest, theResultLineIsGreenForAnInstallationOnlyAndTheConnectionIsShownBesideIt)
 {
     QQuickWindow &settings = openSettings();
     const QColor note = resultColor(
@@ -95,8 +95,10 @@ TEST_F(SettingsTest, theResultLineIsGreenForAnInstallationOnly)
     EXPECT_TRUE(isGreen(resultColor(settings,
                                     u"Plugin installed. Add it in Lightroom Classic's Plug-in Manager if it "
                                     "is not listed, then restart Lightroom Classic."_s)));
+    EXPECT_NE(itemWithText(settings, u"Disconnected"_s), nullptr);
     click(settings, u"Test Lightroom Connection"_s);
     EXPECT_TRUE(isRed(resultColor(settings, u"Connected to Lightroom Classic plugin."_s)));
+    EXPECT_TRUE(waitUntil([&] { return itemWithText(settings, u"Connected"_s) != nullptr; }));
 }
 
 TEST_F(SettingsTest, canBePressedByAssistiveTechnology)
@@ -115,14 +117,6 @@ TEST_F(SettingsTest, canBePressedByAssistiveTechnology)
     EXPECT_TRUE(isGreen(resultColor(settings,
                                     u"Plugin installed. Add it in Lightroom Classic's Plug-in Manager if it "
                                     "is not listed, then restart Lightroom Classic."_s)));
-}
-
-TEST_F(SettingsTest, theConnectionIsShownWhateverTheResultLineSays)
-{
-    QQuickWindow &settings = openSettings();
-    EXPECT_NE(itemWithText(settings, u"Disconnected"_s), nullptr);
-    click(settings, u"Test Lightroom Connection"_s);
-    EXPECT_TRUE(waitUntil([&] { return itemWithText(settings, u"Connected"_s) != nullptr; }));
 }
 
 TEST_F(SettingsTest, revealsThePluginAndOpensThePluginManager)

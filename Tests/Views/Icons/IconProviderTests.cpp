@@ -7,11 +7,10 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// What is visible of an image.
 struct Ink
@@ -58,43 +57,30 @@ TEST(IconProvider, rendersEverySymbolInTheAskedColorAndSize)
 
 TEST(IconProvider, readsTheColorWithOrWithoutItsSign)
 {
-    struct Row
-    {
-        QString color;
-        QRgb expected;
-    };
-
-    const std::vector<Row> rows{
+    const std::pair<QString, QRgb> rows[] = {
         {u"d92d20"_s, 0xffd92d20},   {u"%23D92D20"_s, 0xffd92d20},   {u"#d92d20"_s, 0xffd92d20},
         {u"80ffffff"_s, 0x80ffffff}, {u"%2380FFFFFF"_s, 0x80ffffff},
     };
-    for (const Row &row : rows) {
-        const Ink ink(rendered(u"mic.fill/"_s + row.color, {28, 28}));
-        EXPECT_EQ(ink.colors, QSet<QRgb>{row.expected}) << row.color.toStdString();
+    for (const auto &[color, expected] : rows) {
+        const Ink ink(rendered(u"mic.fill/"_s + color, {28, 28}));
+        EXPECT_EQ(ink.colors, QSet<QRgb>{expected}) << color.toStdString();
     }
 }
 
 TEST(IconProvider, completesTheSizeAndKeepsTheShape)
 {
-    struct Row
-    {
-        QSize requested;
-        QSize size;
-        QRect bounds;
-    };
-
-    const std::vector<Row> rows{
+    const std::tuple<QSize, QSize, QRect> rows[] = {
         {{}, {16, 16}, {0, 0, 16, 16}},
         {{32, 0}, {32, 32}, {0, 0, 32, 32}},
         {{-1, 24}, {24, 24}, {0, 0, 24, 24}},
         {{60, 20}, {60, 20}, {20, 0, 20, 20}},
     };
-    for (const Row &row : rows) {
+    for (const auto &[requested, size, bounds] : rows) {
         QSize reported;
-        const QImage image = IconProvider().requestImage(u"circle.dotted/000000"_s, &reported, row.requested);
-        EXPECT_EQ(image.size(), row.size);
-        EXPECT_EQ(reported, row.size);
-        EXPECT_EQ(Ink(image).bounds, row.bounds);
+        const QImage image = IconProvider().requestImage(u"circle.dotted/000000"_s, &reported, requested);
+        EXPECT_EQ(image.size(), size);
+        EXPECT_EQ(reported, size);
+        EXPECT_EQ(Ink(image).bounds, bounds);
     }
 }
 
@@ -105,5 +91,3 @@ TEST(IconProviderDeathTest, showsNothingForAnUnknownName)
 }
 
 } // namespace
-
-} // namespace KelvaLR

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-namespace KelvaLR {
+using namespace KelvaLR;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 QImage picture(int side)
 {
@@ -33,20 +32,4 @@ TEST(ThumbnailCache, forgetsWhatWasNotAskedForLongestOnceItIsFull)
     EXPECT_TRUE(cache.find(second).isNull());
 }
 
-TEST(ThumbnailCache, tellsStatesOfAFileApart)
-{
-    const ThumbnailKey key{.path = u"/photo.jpg"_s, .side = 64, .fileSize = 1, .modified = 2};
-    ThumbnailCache cache;
-    cache.insert(key, picture(64));
-    EXPECT_EQ(cache.find(key).width(), 64);
-    for (const ThumbnailKey &other : {ThumbnailKey{u"/other.jpg"_s, 64, 1, 2},
-                                      {key.path, 128, 1, 2},
-                                      {key.path, 64, 3, 2},
-                                      {key.path, 64, 1, 3}}) {
-        EXPECT_TRUE(cache.find(other).isNull());
-    }
-}
-
 } // namespace
-
-} // namespace KelvaLR

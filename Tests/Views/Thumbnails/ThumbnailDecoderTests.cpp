@@ -14,11 +14,11 @@
 
 #include <sys/stat.h>
 
-namespace KelvaLR::Testing {
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 QImage decodeBytes(const QByteArray &bytes, int side)
 {
@@ -64,22 +64,16 @@ void expectUpright(const QImage &picture, int side, int tolerance)
 
 TEST(ThumbnailDecoder, showsTheCentreOfEverySampleUpright)
 {
-    struct Case
-    {
-        const char *name;
-        int tolerance = 6;
-    };
-
-    for (const Case &one : {Case{"upright.jpg"},
-                            {"orientation-6.jpg"},
-                            {"upright.png", 0},
-                            {"upright.tiff", 0},
-                            {"thumbnail.heic", 12},
-                            {"orientation-6.dng"},
-                            {"no-preview.dng", 40}}) {
+    for (const auto &[name, tolerance] : {std::pair{"upright.jpg", 6},
+                                          {"orientation-6.jpg", 6},
+                                          {"upright.png", 0},
+                                          {"upright.tiff", 0},
+                                          {"thumbnail.heic", 12},
+                                          {"orientation-6.dng", 6},
+                                          {"no-preview.dng", 40}}) {
         for (const int side : {16, 64, 128, 300}) {
-            SCOPED_TRACE(testing::Message() << one.name << " at " << side);
-            expectUpright(decodeThumbnail(samplePhoto(one.name), side), side, one.tolerance);
+            SCOPED_TRACE(testing::Message() << name << " at " << side);
+            expectUpright(decodeThumbnail(samplePhoto(name), side), side, tolerance);
         }
     }
 }
@@ -167,19 +161,13 @@ TEST(ThumbnailDecoder, hasNothingToShowForABrokenPhoto)
     }
 }
 
-/// With a width and a height of 50,000 in the right place.
-QByteArray claimingToBeHuge(QByteArray photo, const QByteArray &before, const QByteArray &size)
-{
-    const qsizetype place = photo.indexOf(before);
-    EXPECT_GE(place, 0);
-    return photo.replace(place + before.size(), size.size(), size);
-}
-
 TEST(ThumbnailDecoder, doesNotDecodeUnreasonablyLargePictures)
 {
     const QByteArray jpeg = contentOf(samplePhoto("upright.jpg"));
-    EXPECT_TRUE(
-        decodeBytes(claimingToBeHuge(jpeg, "\xff\xc0\x00\x11\x08"_ba, "\xc3\x50\xc3\x50"_ba), 64).isNull());
+    const qsizetype frame = jpeg.indexOf("\xff\xc0\x00\x11\x08"_ba);
+    ASSERT_GE(frame, 0);
+    const auto size = "\xc3\x50\xc3\x50"_ba; // a height and a width of 50,000
+    EXPECT_TRUE(decodeBytes(QByteArray(jpeg).replace(frame + 5, size.size(), size), 64).isNull());
     QImage wide(30'000, 10'000, QImage::Format_Mono);
     wide.fill(0);
     EXPECT_TRUE(decodeBytes(encoded(wide, "png"), 64).isNull());
@@ -189,5 +177,3 @@ TEST(ThumbnailDecoder, doesNotDecodeUnreasonablyLargePictures)
 }
 
 } // namespace
-
-} // namespace KelvaLR::Testing

@@ -18,12 +18,12 @@
 #include <thread>
 #include <vector>
 
-namespace KelvaLR::Testing {
-
-namespace {
-
+using namespace KelvaLR;
+using namespace KelvaLR::Testing;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace {
 
 /// Decodes every path to a red square, once the gate lets it pass. May be asked by several threads.
 class GatedDecoder
@@ -127,15 +127,6 @@ TEST_F(ThumbnailProviderTest, answersWithRoundedCorners)
     }
 }
 
-TEST_F(ThumbnailProviderTest, answersWithATransparentPictureWhereThereIsNothingToShow)
-{
-    decoder.gate.release(1);
-    const Request request(*provider, photo(u"a.broken"_s));
-    EXPECT_EQ(request.picture().size(), QSize(64, 64));
-    EXPECT_EQ(request.picture().pixelColor(32, 32).alpha(), 0);
-    EXPECT_EQ(request.response->errorString(), QString());
-}
-
 TEST_F(ThumbnailProviderTest, decodesAgainOnlyWhenTheFileHasChanged)
 {
     decoder.gate.release(10);
@@ -148,6 +139,12 @@ TEST_F(ThumbnailProviderTest, decodesAgainOnlyWhenTheFileHasChanged)
     photo(u"a.jpg"_s, "xy"_ba);
     EXPECT_FALSE(Request(*provider, path).picture().isNull());
     EXPECT_EQ(decoder.paths(), (QStringList{path, path}));
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::ReadWrite));
+    EXPECT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(1), QFile::FileModificationTime));
+    EXPECT_FALSE(Request(*provider, path).picture().isNull());
+    EXPECT_EQ(decoder.paths().size(), 3);
 }
 
 TEST_F(ThumbnailProviderTest, dropsWhatIsCancelledBeforeItsTurn)
@@ -202,5 +199,3 @@ TEST_F(ThumbnailProviderTest, getsAnyPathFromTheViewUnharmed)
 }
 
 } // namespace
-
-} // namespace KelvaLR::Testing
