@@ -78,7 +78,7 @@ TEST(LightroomServiceBridgeTest, leavesALateReplyAloneAndNeverTakesItForAnother)
 
 TEST(LightroomServiceBridgeTest, removesAStaleReplyBeforeItSends)
 {
-    LightroomRig rig;
+    const LightroomRig rig;
     const LightroomPluginCommand ping;
     rig.plugin.writeReply({{u"request_id"_s, ping.requestID}}, ScriptedPlugin::successReply(u"stale"_s));
     EXPECT_TRUE(send(rig, ping)->contains("pong"_L1));

@@ -35,12 +35,12 @@ inline QString error(const char *message)
 inline QString replyTo(HostedPlugin &plugin, const QByteArray &request)
 {
     QJsonObject fields = QJsonDocument::fromJson(request).object();
-    if (QJsonArray paths = fields[QStringLiteral("target_paths")].toArray(); !paths.isEmpty()) {
-        for (auto path : paths) {
-            if (path.isString()) {
-                path = plugin.photoPath(path.toString());
-            }
-        }
+    const QJsonArray names = fields[QStringLiteral("target_paths")].toArray();
+    QJsonArray paths;
+    for (const QJsonValueConstRef name : names) {
+        paths.append(name.isString() ? QJsonValue(plugin.photoPath(name.toString())) : QJsonValue(name));
+    }
+    if (!paths.isEmpty()) {
         fields[QStringLiteral("target_paths")] = paths;
     }
     return textOf(plugin.request(fields));
