@@ -77,7 +77,12 @@ TEST_F(AppModelSpeechTest, aNewSessionAndTheMicrophoneControlSilenceIt)
     model->startComputerUseVoiceMode();
     EXPECT_FALSE(speech.finish);
     EXPECT_EQ(wakePhrase.starts, 2);
+    EXPECT_FALSE(realtime.calls.contains(u"begin"_s)) << "no session yet";
     enter(RealtimeVoiceState::recording);
+    submit(u"hello"_s);
+    EXPECT_TRUE(realtime.calls.contains(u"begin"_s));
+    model->startNewSession();
+    EXPECT_EQ(realtime.calls.constLast(), u"finish"_s) << "the microphone opens again";
     enter(RealtimeVoiceState::idle);
     EXPECT_EQ(wakePhrase.starts, 3);
 }

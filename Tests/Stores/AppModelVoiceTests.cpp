@@ -46,6 +46,19 @@ TEST_F(AppModelVoiceTest, theWakePhraseAloneOpensASessionAndTheControlClosesIt)
     EXPECT_EQ(model->inputMode(), InputMode::quiet);
 }
 
+TEST_F(AppModelVoiceTest, aSessionKeepsTheAnswerBeforeItAndIsStoppedBeforeItHearsInQuiet)
+{
+    wakePhrase.onWake(u"next photo in lightroom"_s);
+    ASSERT_TRUE(waitUntil([&] { return answers().size() == 1; }));
+    enter(RealtimeVoiceState::connecting);
+    realtime.calls.clear();
+    model->setMode(InputMode::quiet);
+    EXPECT_TRUE(waitUntil([&] { return realtime.calls == QStringList{u"stop"_s}; }));
+    realtime.onAssistantTranscript(u"Hello."_s);
+    turn();
+    EXPECT_EQ(answers().size(), 2);
+}
+
 TEST_F(AppModelVoiceTest, aTranscriptGrowsInOneMessageUntilTheResponseIsDone)
 {
     for (const QString &transcript : {u"  "_s, u" Raising"_s, u"Raising the exposure "_s}) {

@@ -31,6 +31,8 @@ public:
         return record(kind == RealtimeSessionKind::voice ? "voice mode" : "text mode");
     }
 
+    void beginLocalFeedback() override { calls.append(QStringLiteral("begin")); }
+
     void finishLocalFeedbackAndScheduleIdleDisconnect() override { calls.append(QStringLiteral("finish")); }
 
     void writeLog(const QString &message) override { log.append(message); }

@@ -1,9 +1,11 @@
 // The road of imported photos: a folder into the catalog and the tray, and requests about exactly those
 // photos.
 #include "Services/Lightroom/Language/ImportedPhotoBatchParser.h"
+#include "Services/Lightroom/LightroomSentences.h"
 #include "Services/Lightroom/LightroomService.h"
 #include "Stores/PhotoFolder.h"
 #include "Stores/RespondingScope.h"
+#include "Support/LowercasedText.h"
 #include "Support/TextTrimming.h"
 
 #include <QFileInfo>
@@ -19,7 +21,7 @@ namespace {
 /// Lightroom's own sentence tells whether it took the photos.
 bool isAcceptedImport(const QString &result)
 {
-    const QString lower = result.toLower();
+    const QString lower = lowercased(result);
     return lower.contains("imported"_L1) && !lower.contains("not imported"_L1) &&
            !lower.contains("not connected"_L1) && !lower.contains("error"_L1);
 }
@@ -114,7 +116,7 @@ void AppModel::removeImportedPhoto(const ImportedPhotoAsset &photo)
 
 QList<ImportedPhotoAsset> AppModel::targetImportedPhotos(const QString &text) const
 {
-    return meansAllImportedPhotos(text.toLower()) ? m_importedPhotos : selectedImportedPhotos();
+    return meansAllImportedPhotos(lowercased(text)) ? m_importedPhotos : selectedImportedPhotos();
 }
 
 QCoro::Task<> AppModel::runImportedPhotoBatchIntent(ImportedPhotoBatchIntent intent)
@@ -123,7 +125,7 @@ QCoro::Task<> AppModel::runImportedPhotoBatchIntent(ImportedPhotoBatchIntent int
     const QPointer<AppModel> self(this);
     const QStringList paths = standardizedPaths(targetImportedPhotos(prompt(intent)));
     if (paths.isEmpty()) {
-        answer(u"Select one or more imported photos in the artifact area first."_s);
+        answer(selectImportedPhotosFirst());
         co_return;
     }
     const QString result = co_await performBatch(intent, paths);
@@ -185,7 +187,7 @@ AppModel::importedPhotoTargetPaths(const RealtimeImportedPhotoTargetRequest &req
             texts.append(*text);
         }
     }
-    const QString joined = texts.join(u' ').toLower();
+    const QString joined = lowercased(texts.join(u' '));
     if (!referencesImportedPhotoSelection(joined)) {
         return std::nullopt;
     }

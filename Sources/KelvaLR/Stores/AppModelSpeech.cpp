@@ -8,6 +8,8 @@
 
 #include <QPointer>
 
+#include <utility>
+
 namespace KelvaLR {
 
 void AppModel::answer(const QString &content)
@@ -33,6 +35,9 @@ bool AppModel::readsResponses() const
 void AppModel::readAloud(const QString &text)
 {
     m_isSpeaking = true;
+    if (isRealtimeSessionBusy()) {
+        m_services.realtimeVoiceService.beginLocalFeedback();
+    }
     m_services.wakeWordVoiceService.stop();
     setWakeWordListening(false);
     m_services.speechFeedbackService.speak(text, [self = QPointer<AppModel>(this)] {
@@ -56,8 +61,10 @@ void AppModel::finishSpeaking()
 /// What was spoken ends without `finishSpeaking`.
 void AppModel::stopSpeaking()
 {
-    m_isSpeaking = false;
     m_services.speechFeedbackService.stop();
+    if (std::exchange(m_isSpeaking, false) && isRealtimeSessionBusy()) {
+        m_services.realtimeVoiceService.finishLocalFeedbackAndScheduleIdleDisconnect();
+    }
 }
 
 } // namespace KelvaLR

@@ -104,6 +104,9 @@ void AppModel::configureWakeWordVoice()
 void AppModel::handleRealtimeState(RealtimeVoiceState state)
 {
     setRealtimeVoiceState(state);
+    if (state == RealtimeVoiceState::connecting) {
+        m_realtimeTranscriptMessageID.reset(); // its first reply is a message of its own
+    }
     if (isRealtimeSessionBusy()) {
         m_services.wakeWordVoiceService.stop();
         setWakeWordListening(false);
@@ -138,6 +141,7 @@ void AppModel::handleWakePhrase(const std::optional<QString> &commandSuffix)
     setWakeWordListening(false);
     const QString words = commandSuffix.value_or(QString());
     if (const auto command = spokenCommand(words, m_services.applications)) {
+        m_realtimeTranscriptMessageID.reset();
         appendMessage(ConversationMessage::make(ConversationRole::user, InputMode::voice, words));
         startDetached(executeSpokenCommand(*command));
         return;
@@ -180,6 +184,8 @@ void AppModel::setMode(InputMode mode)
         startComputerUseVoiceMode();
     } else if (m_services.realtimeVoiceService.isActive()) {
         startDetached(m_services.realtimeVoiceService.setVoiceMode(RealtimeSessionKind::text));
+    } else if (isRealtimeSessionBusy()) {
+        startDetached(m_services.realtimeVoiceService.stop()); // before it has the microphone
     }
 }
 

@@ -1,9 +1,9 @@
 #include "Stores/PhotoFolder.h"
 
 #include "Models/ImportedPhotoAsset.h"
+#include "Support/ValueWithin.h"
 
 #include <QCollator>
-#include <QCoroFuture>
 #include <QDir>
 #include <QFileInfo>
 #include <QtConcurrentRun>
@@ -13,6 +13,8 @@
 namespace KelvaLR {
 
 namespace {
+
+constexpr std::chrono::seconds readingTime{30}; ///< for a drive that has to wake up
 
 QStringList listPhotos(const QString &folder)
 {
@@ -36,7 +38,8 @@ QStringList listPhotos(const QString &folder)
 
 QCoro::Task<QStringList> photoPaths(QString folder)
 {
-    co_return co_await QtConcurrent::run(listPhotos, folder);
+    co_return (co_await valueWithin(QtConcurrent::run(listPhotos, folder), readingTime))
+        .value_or(QStringList());
 }
 
 QString standardizedPath(const QString &path)

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 
 namespace KelvaLR {
@@ -20,8 +21,10 @@ constexpr std::array handledSignals{SIGTERM, SIGINT};
 
 void handleSignal(int signal)
 {
+    const int error = errno; // of whatever was interrupted
     const char byte = static_cast<char>(signal);
     [[maybe_unused]] const auto written = ::write(writingEnd.load(), &byte, sizeof byte);
+    errno = error;
 }
 
 void restoreDefaults()

@@ -36,10 +36,7 @@ WindowPing::WindowPing(WindowPingTiming timing)
 QCoro::Task<> WindowPing::answered()
 {
     const auto active = m_connection.items(m_connection.root(), "_NET_ACTIVE_WINDOW");
-    if (!active || active->isEmpty()) {
-        co_return;
-    }
-    const bool isAnswered = isAnswering(active->constFirst());
+    const bool isAnswered = active && !active->isEmpty() && isAnswering(active->constFirst());
     m_answer = QPromise<void>();
     m_answer.start();
     const QFuture<void> answer = m_answer.future();

@@ -4,6 +4,8 @@
 
 #include <QHostAddress>
 
+#include <algorithm>
+
 namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,15 @@ std::optional<QString> OpenAIAccess::apiKey() const
         return key;
     }
     return m_lookup(sharedKeyName);
+}
+
+std::expected<QByteArray, QString> OpenAIAccess::authorization(const QString &apiKey)
+{
+    // A line break in the key would begin a header of its own.
+    if (std::ranges::any_of(apiKey, [](QChar c) { return c.category() == QChar::Other_Control; })) {
+        return std::unexpected(u"The API key holds a character that cannot be sent."_s);
+    }
+    return "Bearer " + apiKey.toUtf8();
 }
 
 std::expected<QUrl, QString> OpenAIAccess::address(QLatin1StringView operation) const

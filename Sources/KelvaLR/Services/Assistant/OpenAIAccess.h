@@ -27,6 +27,9 @@ public:
 
     [[nodiscard]] std::optional<QString> apiKey() const;
 
+    /// The value of the header that carries the key, or a sentence when no header can.
+    [[nodiscard]] static std::expected<QByteArray, QString> authorization(const QString &apiKey);
+
     /// The address of an operation such as "chat/completions", or one sentence that says why the base URL is
     /// not used: it must be https, or plain http to this computer, without a user name or a password.
     [[nodiscard]] std::expected<QUrl, QString> address(QLatin1StringView operation) const;

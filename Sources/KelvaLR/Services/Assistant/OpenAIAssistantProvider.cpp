@@ -8,8 +8,6 @@
 #include <QJsonObject>
 #include <QNetworkReply>
 
-#include <algorithm>
-
 namespace KelvaLR {
 
 using namespace Qt::StringLiterals;
@@ -33,16 +31,10 @@ QByteArray requestBody(const QString &prompt)
         .toJson();
 }
 
-/// A line break in the key would begin a header of its own.
-bool isFitForHeader(QStringView key)
-{
-    return std::ranges::none_of(key, [](QChar c) { return c.category() == QChar::Other_Control; });
-}
-
-QNetworkRequest chatRequest(const QUrl &address, const QString &apiKey)
+QNetworkRequest chatRequest(const QUrl &address, const QByteArray &authorization)
 {
     QNetworkRequest request(address);
-    request.setRawHeader("Authorization", "Bearer " + apiKey.toUtf8());
+    request.setRawHeader("Authorization", authorization);
     request.setRawHeader("Content-Type", "application/json");
     return request;
 }
@@ -109,12 +101,12 @@ QCoro::Task<OpenAIAssistantProvider::TextOutput> OpenAIAssistantProvider::create
     if (!address) {
         co_return std::unexpected(OpenAIProviderError::apiError(address.error()));
     }
-    if (!isFitForHeader(apiKey)) {
-        co_return std::unexpected(
-            OpenAIProviderError::apiError(u"The API key holds a character that cannot be sent."_s));
+    const std::expected<QByteArray, QString> authorization = OpenAIAccess::authorization(apiKey);
+    if (!authorization) {
+        co_return std::unexpected(OpenAIProviderError::apiError(authorization.error()));
     }
-    co_return textOutput(
-        co_await postOverHttp(m_network, chatRequest(*address, apiKey), requestBody(prompt), m_limits));
+    co_return textOutput(co_await postOverHttp(m_network, chatRequest(*address, *authorization),
+                                               requestBody(prompt), m_limits));
 }
 
 } // namespace KelvaLR

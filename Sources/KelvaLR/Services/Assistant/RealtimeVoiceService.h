@@ -55,6 +55,8 @@ public:
     virtual QCoro::Task<> stop() = 0;
     /// Switches a running session between voice and text.
     virtual QCoro::Task<> setVoiceMode(RealtimeSessionKind kind) = 0;
+    /// The application begins to speak a result of its own, which the microphone must not hear.
+    virtual void beginLocalFeedback() = 0;
     /// The application has finished speaking a result of its own: the microphone may open again.
     virtual void finishLocalFeedbackAndScheduleIdleDisconnect() = 0;
     /// Appends a line to the session's debug log.

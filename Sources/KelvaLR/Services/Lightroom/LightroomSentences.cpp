@@ -57,6 +57,11 @@ const KeyFallbackRow &row(KeyFallbackKind kind)
 
 } // namespace
 
+QString selectImportedPhotosFirst()
+{
+    return u"Select one or more imported photos in the artifact area first."_s;
+}
+
 QString NotConnected::sliderNotChanged(const QString &sliderName)
 {
     return notConnected + ", so "_L1 + sliderName + " was not changed."_L1 + addThePlugin + withAPhoto +

@@ -11,6 +11,9 @@ struct UIAutomationResult;
 /// What the user is told when the plug-in answers a connection test.
 [[nodiscard]] QString connectedToPlugin();
 
+/// What the user is told when a request is about imported photos, and none is selected.
+[[nodiscard]] QString selectImportedPhotosFirst();
+
 /// What the user is told when the plug-in cannot be reached.
 namespace NotConnected {
 

@@ -5,11 +5,9 @@
 #include "Support/NormalizedWords.h"
 #include "Support/Posted.h"
 #include "Support/TextTrimming.h"
+#include "Support/ValueWithin.h"
 #include "Support/WakePhrases.h"
 
-#include <QCoroSignal>
-
-#include <QFutureWatcher>
 #include <QPointer>
 
 #include <algorithm>
@@ -36,7 +34,7 @@ std::optional<QString> textBehindWakePhrase(const QString &transcript)
     return trimmedWhitespace(QStringView(text).sliced(text.indexOf(*phrase) + phrase->size()));
 }
 
-/// The text with the names as they are written: "bw high contrast" is "B&W High-Contrast". Names that only
+/// The text with the names as they are written: "bw high contrast" is "B&W High Contrast". Names that only
 /// differ in case need nothing, since Lightroom finds them.
 QString withNamesAsWritten(const QString &text, const QStringList &names)
 {
@@ -48,18 +46,6 @@ QString withNamesAsWritten(const QString &text, const QStringList &names)
         }
     }
     return written.sliced(1).chopped(1);
-}
-
-/// The future's value, if it is there within the time.
-QCoro::Task<std::optional<QStringList>> valueWithin(QFuture<QStringList> future,
-                                                    std::chrono::milliseconds time)
-{
-    if (!future.isFinished()) {
-        QFutureWatcher<QStringList> watcher;
-        watcher.setFuture(future);
-        co_await qCoro(&watcher, &QFutureWatcherBase::finished, time);
-    }
-    co_return future.isFinished() && future.resultCount() > 0 ? std::optional(future.result()) : std::nullopt;
 }
 
 } // namespace

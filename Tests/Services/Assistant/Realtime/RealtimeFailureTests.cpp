@@ -122,8 +122,10 @@ TEST_F(RealtimeFailureTest, pingsThatAreNotAnsweredAreOnlyLogged)
 TEST_F(RealtimeFailureTest, aDeviceThatGoesAwayEndsTheSessionWithASentence)
 {
     open(RealtimeSessionKind::voice);
+    const int stops = output.stops;
     input.fail(u"The microphone is gone."_s);
     EXPECT_TRUE(waitUntil([&] { return !service->isActive(); }));
+    EXPECT_EQ(output.stops, stops + 1) << "nor does the assistant speak on";
     EXPECT_EQ(errors, QStringList{u"The microphone is gone."_s});
     EXPECT_EQ(states, (QList<State>{failed, idle}));
 }

@@ -69,6 +69,11 @@ TEST_F(RealtimeSessionTest, aVoiceSessionHearsAndSpeaksHalfDuplex)
     EXPECT_EQ(transcripts, (QStringList{u"War"_s, u"Warmer"_s, u"Warmer."_s}));
     EXPECT_EQ(states, (QList<State>{connecting, recording, speaking, recording}));
     EXPECT_EQ(responsesDone, 1);
+    waitForTask(QCoro::sleepFor(timing().speechEnd * 3));
+    input.deliver(block());
+    settle();
+    EXPECT_EQ(server.takeTypes(), QStringList()) << "a reply comes faster than it is spoken";
+    output.finish();
     ASSERT_TRUE(waitUntil([&] {
         input.deliver(block());
         return server.takeTypes().contains(append);
@@ -126,10 +131,17 @@ TEST_F(RealtimeSessionTest, aToolCallActsAndItsOutputGoesBackInOrder)
 
 TEST_F(RealtimeSessionTest, asksOnceMoreForAFollowUpThatWasRefused)
 {
+    const QJsonObject refusal{{u"message"_s, u"Conversation already has an active response in progress"_s}};
     open(RealtimeSessionKind::text);
     server.send(toolCall(uR"({"action": "lr_navigate"})"_s));
-    EXPECT_EQ(typesWhen(3).constLast(), u"response.create"_s);
-    sendError(QJsonObject{{u"message"_s, u"Conversation already has an active response in progress"_s}});
+    server.send(toolCall(uR"({"action": "lr_navigate"})"_s));
+    EXPECT_EQ(typesWhen(6).constLast(), u"response.create"_s);
+    server.send(u"response.created"_s); // the first is not refused, the second is
+    sendError(refusal);
+    server.send(u"response.done"_s);
+    EXPECT_EQ(typesWhen(1), QStringList{u"response.create"_s});
+    sendError(refusal); // twice, for both of a reply's calls
+    sendError(refusal);
     server.send(u"response.done"_s);
     EXPECT_EQ(typesWhen(1), QStringList{u"response.create"_s});
     server.send(u"response.done"_s);
@@ -192,11 +204,12 @@ TEST_F(RealtimeSessionTest, switchesBetweenVoiceAndTextWhileItRuns)
 TEST_F(RealtimeSessionTest, ourOwnFeedbackReopensTheMicrophone)
 {
     open(RealtimeSessionKind::voice);
-    server.send(audioDelta("ab"));
+    service->beginLocalFeedback();
+    input.deliver(block());
     settle();
     service->finishLocalFeedbackAndScheduleIdleDisconnect();
-    EXPECT_EQ(typesWhen(1), QStringList{clear});
-    EXPECT_EQ(states, (QList<State>{speaking, recording}));
+    EXPECT_EQ(typesWhen(1), QStringList{clear}) << "our own voice does not go up";
+    EXPECT_EQ(states, QList<State>{recording});
     input.deliver(block());
     EXPECT_EQ(typesWhen(1), QStringList{append});
 }

@@ -34,10 +34,10 @@ std::expected<QUrl, QString> realtimeAddress(const OpenAIAccess &access)
     return address;
 }
 
-QNetworkRequest realtimeRequest(const QUrl &address, const QString &apiKey)
+QNetworkRequest realtimeRequest(const QUrl &address, const QByteArray &authorization)
 {
     QNetworkRequest request(address);
-    request.setRawHeader("Authorization", "Bearer " + apiKey.toUtf8());
+    request.setRawHeader("Authorization", authorization);
     request.setRawHeader("OpenAI-Safety-Identifier", "kelva-local-dev-user");
     return request;
 }
@@ -138,6 +138,10 @@ QCoro::Task<OpenAIRealtimeVoiceService::Result> OpenAIRealtimeVoiceService::conn
     if (!address) {
         co_return std::unexpected(address.error());
     }
+    const auto authorization = OpenAIAccess::authorization(apiKey);
+    if (!authorization) {
+        co_return std::unexpected(authorization.error());
+    }
     m_connection = std::make_unique<RealtimeConnection>();
     connect(m_connection.get(), &RealtimeConnection::frameReceived, this,
             &OpenAIRealtimeVoiceService::receive);
@@ -149,7 +153,7 @@ QCoro::Task<OpenAIRealtimeVoiceService::Result> OpenAIRealtimeVoiceService::conn
     m_connecting->start();
     const QFuture<QString> confirmed = m_connecting->future();
     m_connectionDeadline.start(m_timing.connection);
-    m_connection->open(realtimeRequest(*address, apiKey), m_timing.ping);
+    m_connection->open(realtimeRequest(*address, *authorization), m_timing.ping);
     const QString error = co_await confirmed;
     co_return error.isEmpty() ? Result() : std::unexpected(error);
 }
@@ -193,7 +197,6 @@ void OpenAIRealtimeVoiceService::closeSession()
     m_frames.clear();
     m_isHandling = false;
     m_transcriptBuffer.clear();
-    m_isFollowUpWaited = false;
     m_shouldAskForFollowUp = false;
     enter(RealtimeTransition::stopped);
 }
@@ -241,6 +244,12 @@ OpenAIRealtimeVoiceService::switchVoiceMode(int session, RealtimeSessionKind kin
     co_return sent;
 }
 
+void OpenAIRealtimeVoiceService::beginLocalFeedback()
+{
+    m_gate.isSpeaking = isActive();
+    ++m_reply; // the end of an earlier reply does not open the microphone any more
+}
+
 void OpenAIRealtimeVoiceService::finishLocalFeedbackAndScheduleIdleDisconnect()
 {
     if (!isActive()) {
@@ -268,6 +277,7 @@ void OpenAIRealtimeVoiceService::handleEndOfConnection(const QString &reason)
     finishConnecting(reason);
     if (isActive()) {
         fail(reason);
+        scheduleIdleDisconnect(); // whatever was under way will not end by itself, and the microphone is held
     }
 }
 

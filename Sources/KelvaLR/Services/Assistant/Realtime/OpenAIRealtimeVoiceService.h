@@ -42,6 +42,7 @@ public:
     QCoro::Task<> start(RealtimeSessionKind kind) override;
     QCoro::Task<> stop() override;
     QCoro::Task<> setVoiceMode(RealtimeSessionKind kind) override;
+    void beginLocalFeedback() override;
     void finishLocalFeedbackAndScheduleIdleDisconnect() override;
     void writeLog(const QString &message) override;
 
@@ -114,9 +115,9 @@ private:
     QString m_transcriptBuffer; ///< the reply's words so far
     bool m_didExecuteComputerUse = false;
     QDeadlineTimer m_suppressComputerUseUntil{0};
-    int m_reply = 0;                     ///< counts up with every reply that is heard
-    bool m_isFollowUpWaited = false;     ///< we have asked the service to go on
-    bool m_shouldAskForFollowUp = false; ///< it was still busy with another reply then
+    int m_reply = 0; ///< counts up with everything that is heard
+    bool m_shouldAskForFollowUp =
+        false; ///< the service was busy with another reply when we asked it to go on
 };
 
 } // namespace KelvaLR

@@ -113,7 +113,6 @@ void OpenAIRealtimeVoiceService::handleSpeechStarted(const RealtimeServerEvent &
 void OpenAIRealtimeVoiceService::handleResponseCreated(const RealtimeServerEvent &)
 {
     m_didExecuteComputerUse = false;
-    m_isFollowUpWaited = false;
     ++m_reply;
 }
 
@@ -202,11 +201,17 @@ void OpenAIRealtimeVoiceService::handleResponseDone(const RealtimeServerEvent &)
     scheduleIdleDisconnect();
 }
 
-/// The microphone opens once the reply has left the room, unless another reply is heard by then.
+/// The microphone opens once the reply has left the room, unless another reply is heard by then. A reply
+/// comes faster than it is spoken, so it may have to wait a while; the end of the session ends that, too.
 void OpenAIRealtimeVoiceService::letSpeechEnd()
 {
     QTimer::singleShot(m_timing.speechEnd, this, [this, session = m_session, reply = m_reply] {
-        if (isOf(session) && reply == m_reply) {
+        if (!isOf(session) || reply != m_reply) {
+            return;
+        }
+        if (m_audio.isPlaying()) {
+            letSpeechEnd();
+        } else {
             m_gate.isSpeaking = false;
         }
     });
@@ -218,7 +223,7 @@ void OpenAIRealtimeVoiceService::handleError(const RealtimeServerEvent &event)
     const QString text = message.isString() ? message.toString() : u"Realtime API error."_s;
     writeLog("Received Realtime API error: "_L1 + text);
     if (text.contains(alreadyActiveResponse, Qt::CaseInsensitive)) {
-        m_shouldAskForFollowUp = std::exchange(m_isFollowUpWaited, false);
+        m_shouldAskForFollowUp = true; // the service makes its own replies when it can; this one was ours
         return;
     }
     if (!text.contains(noActiveResponse, Qt::CaseInsensitive)) {
@@ -260,7 +265,7 @@ QCoro::Task<> OpenAIRealtimeVoiceService::handleFunctionCall(RealtimeServerEvent
     if (onComputerUseResult) {
         onComputerUseResult(result);
     }
-    if (isOf(session)) {
+    if (isOf(session) && m_connection && m_connection->isOpen()) {
         returnToolOutput(call.callID, result.summary);
     }
 }
@@ -280,7 +285,6 @@ void OpenAIRealtimeVoiceService::returnToolOutput(const QString &callID, const Q
         return;
     }
     sendClear();
-    m_isFollowUpWaited = true;
     if (const Result sent = sendJSON(RealtimeClientEvents::createResponse()); !sent) {
         fail(sent.error());
     }

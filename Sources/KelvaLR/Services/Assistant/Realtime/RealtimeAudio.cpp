@@ -65,11 +65,7 @@ std::expected<void, QString> RealtimeAudio::startMicrophone()
         // The input stops before this object ends, and what is posted to it goes with it.
         QMetaObject::invokeMethod(this, Posted(std::move(handOver)));
     };
-    const auto onFailure = [this](const QString &sentence) {
-        m_isMicrophoneActive = false;
-        m_onFailure(sentence);
-    };
-    if (const auto started = m_input.start(blockFrames, onBlock, onFailure); !started) {
+    if (const auto started = m_input.start(blockFrames, onBlock, m_onFailure); !started) {
         return started;
     }
     m_isMicrophoneActive = true;
@@ -92,6 +88,11 @@ void RealtimeAudio::play(QByteArray pcm)
     if (!pcm.isEmpty()) {
         m_output.play(std::move(pcm));
     }
+}
+
+bool RealtimeAudio::isPlaying() const
+{
+    return m_output.isPlaying();
 }
 
 void RealtimeAudio::restartPlayback()

@@ -54,6 +54,9 @@ public:
     /// Queues samples behind what is queued; a byte that makes no whole sample is left out.
     void play(QByteArray pcm);
 
+    /// Whether something of what was given to `play` is still heard.
+    [[nodiscard]] bool isPlaying() const;
+
     /// Drops what is queued for playback and is ready for more.
     void restartPlayback();
 

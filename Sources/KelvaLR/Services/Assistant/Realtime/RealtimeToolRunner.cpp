@@ -1,6 +1,7 @@
 #include "Services/Assistant/Realtime/RealtimeToolRunner.h"
 
 #include "Services/Automation/KeyboardKey.h"
+#include "Services/Lightroom/LightroomSentences.h"
 #include "Services/Lightroom/LightroomService.h"
 #include "Services/Lightroom/MacComputerUseService.h"
 #include "Support/DecimalNumber.h"
@@ -176,7 +177,7 @@ ResultTask RealtimeToolRunner::run(RealtimeToolCall call, std::optional<QStringL
         return sentence(u"KelvaLR only supports Lightroom and Lightroom Classic actions."_s);
     }
     if (row->targets == Targets::needed && targetPaths && targetPaths->isEmpty()) {
-        return sentence(u"Select one or more imported photos in the artifact area first."_s);
+        return sentence(selectImportedPhotosFirst());
     }
     return row->handle(
         {m_lightroom, m_computerUse, std::move(call), std::move(targetPaths).value_or(QStringList())});
