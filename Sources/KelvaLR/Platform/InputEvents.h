@@ -9,9 +9,9 @@
 
 namespace KelvaLR {
 
-/// Port: synthesised keyboard and mouse input for the frontmost application. Main thread. The tasks end once
-/// the events are posted and tell whether they were: not where nobody is there to get them, or not all of
-/// them. An event that cannot be made, as of a key that no keyboard has, is skipped silently.
+/// Port: synthesised keyboard and mouse input for the frontmost application. Main thread. The tasks end with
+/// true once the events are posted, and with false when the one they are meant for was not there, or not to
+/// the end. An event that cannot be made, as of a key that no keyboard has, is skipped silently.
 class InputEvents
 {
 public:

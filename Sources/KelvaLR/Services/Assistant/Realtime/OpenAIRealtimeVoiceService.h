@@ -115,9 +115,8 @@ private:
     QString m_transcriptBuffer; ///< the reply's words so far
     bool m_didExecuteComputerUse = false;
     QDeadlineTimer m_suppressComputerUseUntil{0};
-    int m_reply = 0; ///< counts up with everything that is heard
-    bool m_shouldAskForFollowUp =
-        false; ///< the service was busy with another reply when we asked it to go on
+    int m_reply = 0;                     ///< counts up with everything that is heard
+    bool m_shouldAskForFollowUp = false; ///< the service was busy when we asked it to go on
 };
 
 } // namespace KelvaLR
