@@ -116,6 +116,7 @@ TEST_F(ListeningTest, aSpokenCommandIsShownAsSpokenAndCarriedOutWithItsNumbers)
     submit(u"set contrast to 1"_s);
     EXPECT_EQ(answers(), speech.texts) << "a typed command is spoken too now";
     speech.finish();
+    EXPECT_TRUE(waitUntil([&] { return isListening(); }));
     EXPECT_TRUE(realtime.calls.isEmpty());
 }
 
