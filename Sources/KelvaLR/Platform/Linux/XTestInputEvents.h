@@ -35,8 +35,8 @@ public:
 
     /// Puts right what a killed process left in the keyboard map.
     /// @param connection outlives this object
-    /// @param mayReceive asked before each event, and in a text before every few letters; when the answer is
-    /// no, nothing more is posted
+    /// @param mayReceive asked before each event, and in a text before each piece of it, of keyStrokeLimit
+    /// strokes at most; when the answer is no, nothing more is posted
     XTestInputEvents(
         const X11Connection &connection, Settled settled, MayReceive mayReceive = [] { return true; });
 
